@@ -1,0 +1,11 @@
+#pragma once
+
+#include "kivo/Export.h"
+
+// The informats: each reads width bytes of text (not NUL-terminated) and returns 1 when it stored a
+// value or a missing value in *result, 0 when the text is not acceptable (result left as it was).
+extern "C" {
+
+typedef int (*KivoInformatFunction)(const char* text, int width, int length, int decimals, double* result);
+
+}  // extern "C"

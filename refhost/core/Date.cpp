@@ -1,0 +1,149 @@
+#include <climits>
+#include <cmath>
+#include <ctime>
+
+#include "CivilCalendar.h"
+#include "kivox/Calendar.h"
+#include "kivox/Missing.h"
+
+namespace kivo {
+
+const int SECONDS_PER_DAY = 86400;
+
+namespace {
+
+constexpr std::int32_t INVALID_SERIAL = INT32_MIN;
+
+constexpr bool inRange(long serial) noexcept {
+    return serial >= Date::MIN_SERIAL && serial <= Date::MAX_SERIAL;
+}
+
+// Monday-based weekday: 1 = Monday ... 7 = Sunday.
+constexpr int mondayWeekday(long serial) noexcept {
+    return (civil::dayOfWeek(serial) + 5) % 7 + 1;
+}
+
+// Week number when week 1 starts on the year's first day with the given (1-based) weekday index and
+// the days before it are week 0.
+constexpr int weekFromFirst(int dayOfYear, int weekdayOfJanuaryFirst) noexcept {
+    const int firstWeekStart = (8 - weekdayOfJanuaryFirst) % 7;  // 0-based day of year
+    return (dayOfYear - 1 + 7 - firstWeekStart) / 7;
+}
+
+}  // namespace
+
+Date::Date() noexcept : serial_(INVALID_SERIAL) {}
+
+Date::Date(double daySerial) noexcept : serial_(INVALID_SERIAL) {
+    // The comparisons are false for NaN, so NaN, infinities and missing values all stay invalid.
+    if (daySerial >= MIN_SERIAL && daySerial < MAX_SERIAL + 1.0) {
+        serial_ = static_cast<std::int32_t>(std::floor(daySerial));
+    }
+}
+
+Date::Date(int year, int dayOfYear) noexcept : serial_(INVALID_SERIAL) {
+    if (year < 1582 || year > 20000 || dayOfYear < 1 || dayOfYear > (civil::isLeapYear(year) ? 366 : 365)) {
+        return;
+    }
+    serial_ = static_cast<std::int32_t>(civil::toSerial(year, 1, 1) + dayOfYear - 1);
+}
+
+Date::Date(int year, int month, int day) noexcept : serial_(INVALID_SERIAL) {
+    if (year < 1582 || year > 20000 || month < 1 || month > 12 || day < 1 || day > civil::daysInMonth(year, month)) {
+        return;
+    }
+    serial_ = static_cast<std::int32_t>(civil::toSerial(year, month, day));
+}
+
+Date Date::localDate() noexcept {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    if (localtime_r(&now, &local) == nullptr) {
+        return Date();
+    }
+    return Date(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+}
+
+bool Date::isValid() const noexcept { return serial_ != INVALID_SERIAL; }
+
+Date::operator double() const noexcept { return isValid() ? serial_ : lum_numeric::MISSING; }
+
+Date::operator int() const noexcept { return serial_; }
+
+bool Date::operator<=(const Date& other) const noexcept { return serial_ <= other.serial_; }
+
+Date& Date::operator+=(const DateDuration& days) noexcept {
+    if (isValid()) {
+        const long moved = static_cast<long>(serial_) + days.days();
+        serial_ = inRange(moved) ? static_cast<std::int32_t>(moved) : INVALID_SERIAL;
+    }
+    return *this;
+}
+
+Date::YMD Date::yearMonthDay() const noexcept {
+    if (!isValid()) {
+        return {0, 0, 0};
+    }
+    const civil::YearMonthDay ymd = civil::fromSerial(serial_);
+    return {ymd.year, ymd.month, ymd.day};
+}
+
+int Date::year() const noexcept { return yearMonthDay().year; }
+int Date::month() const noexcept { return yearMonthDay().month; }
+int Date::day() const noexcept { return yearMonthDay().day; }
+
+int Date::dayOfWeek() const noexcept { return isValid() ? civil::dayOfWeek(serial_) : 0; }
+
+Date::MD Date::monthDay() const noexcept {
+    const YMD ymd = yearMonthDay();
+    return {ymd.month, ymd.day};
+}
+
+Date::YM Date::yearMonth() const noexcept {
+    const YMD ymd = yearMonthDay();
+    return {ymd.year, ymd.month};
+}
+
+Date::YD Date::yearDayOfYear() const noexcept {
+    if (!isValid()) {
+        return {0, 0};
+    }
+    const int year = civil::fromSerial(serial_).year;
+    return {year, static_cast<int>(serial_ - civil::toSerial(year, 1, 1) + 1)};
+}
+
+int Date::dayOfYear() const noexcept { return yearDayOfYear().dayOfYear; }
+
+Date::YWD Date::yearWeekUDay() const noexcept {
+    if (!isValid()) {
+        return {0, 0, 0};
+    }
+    const YD yd = yearDayOfYear();
+    const int januaryFirst = civil::dayOfWeek(civil::toSerial(yd.year, 1, 1));
+    return {yd.year, weekFromFirst(yd.dayOfYear, januaryFirst), civil::dayOfWeek(serial_)};
+}
+
+Date::YWD Date::yearWeekWDay() const noexcept {
+    if (!isValid()) {
+        return {0, 0, 0};
+    }
+    const YD yd = yearDayOfYear();
+    const int januaryFirst = mondayWeekday(civil::toSerial(yd.year, 1, 1));
+    return {yd.year, weekFromFirst(yd.dayOfYear, januaryFirst), mondayWeekday(serial_)};
+}
+
+Date::YWD Date::yearWeekVDay() const noexcept {
+    if (!isValid()) {
+        return {0, 0, 0};
+    }
+    // The ISO week belongs to the year of its Thursday; the week number counts Thursdays.
+    const int weekday = mondayWeekday(serial_);
+    const long thursday = static_cast<long>(serial_) + 4 - weekday;
+    const int isoYear = civil::fromSerial(thursday).year;
+    const long thursdayOfYear = thursday - civil::toSerial(isoYear, 1, 1);
+    return {isoYear, static_cast<int>(thursdayOfYear / 7 + 1), weekday};
+}
+
+bool Year::isLeapYear(int year) noexcept { return civil::isLeapYear(year); }
+
+}  // namespace kivo

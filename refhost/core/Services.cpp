@@ -1,0 +1,129 @@
+#include <cstdlib>
+#include <cstring>
+
+#include "kivox/Services.h"
+
+namespace kivo {
+
+namespace {
+
+thread_local ServiceLocator* currentLocator = nullptr;
+
+// A year cutoff is a whole number of years in the supported range, written in plain digits.
+bool parseYearCutoff(const char* text, int& year) noexcept {
+    if (text == nullptr || *text == '\0' || std::strlen(text) > 5) {
+        return false;
+    }
+    int value = 0;
+    for (const char* p = text; *p != '\0'; ++p) {
+        if (*p < '0' || *p > '9') {
+            return false;
+        }
+        value = value * 10 + (*p - '0');
+    }
+    if (value < SystemOptions::MIN_YEAR_CUTOFF || value > SystemOptions::MAX_YEAR_CUTOFF) {
+        return false;
+    }
+    year = value;
+    return true;
+}
+
+void applyEnvironment(ServiceLocator& locator) {
+    if (const char* style = std::getenv("KIVO_DATESTYLE")) {
+        locator.systemOptions().setOption("datestyle", style);
+    }
+    if (const char* cutoff = std::getenv("KIVO_YEARCUTOFF")) {
+        locator.systemOptions().setOption("yearcutoff", cutoff);
+    }
+    if (const char* style = std::getenv("KIVO_LOCALE_DATESTYLE")) {
+        locator.nationalLanguageSupport().setDateStyle(style);
+    }
+    if (const char* missing = std::getenv("KIVO_MISSING_CHAR"); missing != nullptr && std::strlen(missing) == 1) {
+        locator.env().setMissingChar(missing[0]);
+    }
+}
+
+}  // namespace
+
+PublishedText::PublishedText(const char* initial) : current_(nullptr) { set(initial); }
+
+PublishedText::~PublishedText() = default;
+
+void PublishedText::set(const char* text) {
+    const std::size_t length = std::strlen(text);
+    auto copy = std::make_unique<char[]>(length + 1);
+    std::memcpy(copy.get(), text, length + 1);
+    const std::lock_guard<std::mutex> lock(writers_);
+    current_.store(copy.get(), std::memory_order_release);
+    copies_.push_back(std::move(copy));
+}
+
+Service::~Service() = default;
+
+SystemOptions::SystemOptions() : dateStyle_("locale"), yearCutoffText_("1940"), yearCutoff_(1940) {}
+
+const char* SystemOptions::getOption(const char* name) const noexcept {
+    if (std::strcmp(name, "datestyle") == 0) {
+        return dateStyle_.get();
+    }
+    if (std::strcmp(name, "yearcutoff") == 0) {
+        return yearCutoffText_.get();
+    }
+    return nullptr;
+}
+
+bool SystemOptions::setOption(const char* name, const char* value) {
+    if (std::strcmp(name, "datestyle") == 0) {
+        dateStyle_.set(value);
+        return true;
+    }
+    if (std::strcmp(name, "yearcutoff") == 0) {
+        int year = 0;
+        if (!parseYearCutoff(value, year)) {
+            return false;
+        }
+        yearCutoffText_.set(value);
+        yearCutoff_.store(year, std::memory_order_relaxed);
+        return true;
+    }
+    return false;
+}
+
+NationalLanguageSupport::NationalLanguageSupport() : dateStyle_("mdy") {}
+
+ServiceLocator::ServiceLocator() = default;
+
+ServiceLocator::~ServiceLocator() = default;
+
+Service* ServiceLocator::getService(int id, const char* name) noexcept {
+    switch (id) {
+        case SystemOptions::ID:
+            return std::strcmp(name, SystemOptions::NAME) == 0 ? &options_ : nullptr;
+        case NationalLanguageSupport::ID:
+            return std::strcmp(name, NationalLanguageSupport::NAME) == 0 ? &nls_ : nullptr;
+        case Env::ID:
+            return std::strcmp(name, Env::NAME) == 0 ? &env_ : nullptr;
+        default:
+            return nullptr;
+    }
+}
+
+ServiceLocator* ServiceLocator::current() noexcept { return currentLocator; }
+
+ServiceLocator* ServiceLocator::setCurrent(ServiceLocator* locator) noexcept {
+    ServiceLocator* previous = currentLocator;
+    currentLocator = locator;
+    return previous;
+}
+
+ServiceLocator& getFallbackServiceCreator() noexcept {
+    static ServiceLocator* const fallback = [] {
+        // Never destroyed: formats may run on other threads while the process exits.
+        auto* locator = new ServiceLocator();
+        applyEnvironment(*locator);
+        return locator;
+    }();
+    return *fallback;
+}
+
+}  // namespace kivo

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstring>
+
+// Small writers shared by the formats: they put digits and text straight into the caller's field and
+// advance the output position. No allocation, no locale, no formatted print.
+namespace kivo::format::field {
+
+inline constexpr char DIGITS[] = "0123456789";
+
+inline void repeat(char*& out, int count, char c) noexcept {
+    if (count > 0) {
+        std::memset(out, c, static_cast<std::size_t>(count));
+        out += count;
+    }
+}
+
+inline void blanks(char*& out, int count) noexcept { repeat(out, count, ' '); }
+
+// The whole field as "*": the value cannot be shown.
+inline void stars(char* field, int width) noexcept {
+    if (width > 0) {
+        std::memset(field, '*', static_cast<std::size_t>(width));
+    }
+}
+
+inline void text(char*& out, const char* source, int length) noexcept {
+    if (length > 0) {
+        std::memcpy(out, source, static_cast<std::size_t>(length));
+        out += length;
+    }
+}
+
+inline void digit(char*& out, int value) noexcept { *out++ = DIGITS[value]; }
+
+// value 0..99 as two digits, with a leading zero.
+inline void twoDigits(char*& out, int value) noexcept {
+    out[0] = DIGITS[value / 10];
+    out[1] = DIGITS[value % 10];
+    out += 2;
+}
+
+// value 0..99 in two positions, a blank in front of a single digit.
+inline void twoDigitsBlankLed(char*& out, int value) noexcept {
+    out[0] = value < 10 ? ' ' : DIGITS[value / 10];
+    out[1] = DIGITS[value % 10];
+    out += 2;
+}
+
+// value 0..999 in three positions, blanks in front of fewer digits.
+inline void threeDigitsBlankLed(char*& out, int value) noexcept {
+    out[0] = value < 100 ? ' ' : DIGITS[value / 100];
+    out[1] = value < 10 ? ' ' : DIGITS[value / 10 % 10];
+    out[2] = DIGITS[value % 10];
+    out += 3;
+}
+
+// value 0..9999 as four digits.
+inline void fourDigits(char*& out, int value) noexcept {
+    out[0] = DIGITS[value / 1000];
+    out[1] = DIGITS[value / 100 % 10];
+    out[2] = DIGITS[value / 10 % 10];
+    out[3] = DIGITS[value % 10];
+    out += 4;
+}
+
+// value 0..99999 as five digits.
+inline void fiveDigits(char*& out, int value) noexcept {
+    digit(out, value / 10000);
+    fourDigits(out, value % 10000);
+}
+
+}  // namespace kivo::format::field

@@ -1,0 +1,77 @@
+#include "formats/FieldWriting.h"
+#include "formats/datetime_formats/FormatEntry.h"
+#include "kivo/Formats.h"
+#include "kivo/format/datetime/DateWriters.h"
+#include "kivox/Names.h"
+
+namespace kivo::format::datetime {
+
+namespace {
+
+constexpr int LARGEST_FOUR_DIGIT_YEAR = 9999;
+
+void monthAbbreviation(char*& out, int month) noexcept { field::text(out, Month::upperShortName(month), 3); }
+
+// A year beyond four digits shows as "****" in the four year positions.
+void fourDigitYear(char*& out, int year) noexcept {
+    if (year > LARGEST_FOUR_DIGIT_YEAR) {
+        field::repeat(out, 4, '*');
+    } else {
+        field::fourDigits(out, year);
+    }
+}
+
+void dayMonth(char*& out, int day, int month) noexcept {
+    field::twoDigits(out, day);
+    monthAbbreviation(out, month);
+}
+
+}  // namespace
+
+void doDateFormat(const Date& date, char*& out, int width) {
+    if (width < 5 || width > 11) {
+        return;
+    }
+    // Widths 6, 8 and 10 are the layouts of 5, 7 and 9 behind one blank.
+    if (width != 11 && width % 2 == 0) {
+        field::blanks(out, 1);
+    }
+    if (width <= 6) {
+        const Date::MD md = date.monthDay();
+        dayMonth(out, md.day, md.month);
+        return;
+    }
+    const Date::YMD ymd = date.yearMonthDay();
+    if (width <= 8) {
+        dayMonth(out, ymd.day, ymd.month);
+        field::twoDigits(out, ymd.year % 100);
+        return;
+    }
+    if (width <= 10) {
+        dayMonth(out, ymd.day, ymd.month);
+        fourDigitYear(out, ymd.year);
+        return;
+    }
+    field::twoDigits(out, ymd.day);
+    *out++ = '-';
+    monthAbbreviation(out, ymd.month);
+    *out++ = '-';
+    fourDigitYear(out, ymd.year);
+}
+
+}  // namespace kivo::format::datetime
+
+using kivo::format::datetime::doDateFormat;
+namespace entry = kivo::format::datetime::entry;
+
+extern "C" {
+
+int dateFormat(char* field, int width, int, double value) {
+    return entry::withDate(field, width, 0, value, doDateFormat);
+}
+
+int dtdateFormat(char* field, int width, int, double value) {
+    return entry::withDatetimeDate(field, width, 0, value, doDateFormat);
+}
+
+}  // extern "C"

@@ -1,0 +1,39 @@
+# Compares the library's defined dynamic symbols (demangled) with the lines of the *.txt lists beside
+# this script. Run as: cmake -DLIBRARY=... -DEXPECTED_DIR=... -P CheckExports.cmake
+execute_process(COMMAND nm -D --defined-only --demangle ${LIBRARY}
+  OUTPUT_VARIABLE nm_output RESULT_VARIABLE nm_result)
+if(NOT nm_result EQUAL 0)
+  message(FATAL_ERROR "nm failed on ${LIBRARY}")
+endif()
+
+string(REPLACE "\n" ";" nm_lines "${nm_output}")
+set(actual "")
+foreach(line IN LISTS nm_lines)
+  # "<address> <type> <name>": keep the name, whatever spaces a C++ signature holds.
+  if(line MATCHES "^[0-9a-fA-F]+ [A-Za-z] (.+)$")
+    list(APPEND actual "${CMAKE_MATCH_1}")
+  endif()
+endforeach()
+
+file(GLOB lists ${EXPECTED_DIR}/*.txt)
+set(expected "")
+foreach(list_file IN LISTS lists)
+  file(STRINGS ${list_file} names)
+  foreach(name IN LISTS names)
+    if(NOT name STREQUAL "" AND NOT name MATCHES "^#")
+      list(APPEND expected "${name}")
+    endif()
+  endforeach()
+endforeach()
+
+set(unexpected ${actual})
+list(REMOVE_ITEM unexpected ${expected})
+set(absent ${expected})
+list(REMOVE_ITEM absent ${actual})
+if(unexpected OR absent)
+  list(JOIN unexpected "\n  " unexpected_text)
+  list(JOIN absent "\n  " absent_text)
+  message(FATAL_ERROR "exported symbols differ from the lists\nexported but not listed:\n  ${unexpected_text}\nlisted but not exported:\n  ${absent_text}")
+endif()
+list(LENGTH actual count)
+message(STATUS "${count} exported symbols, as listed")
