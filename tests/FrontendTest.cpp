@@ -1,0 +1,195 @@
+// The kivodt front end: specifications, values, and the runner's streaming and field rules.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "kivodt/Runner.h"
+#include "kivodt/Spec.h"
+#include "kivodt/Values.h"
+#include "kivox/Missing.h"
+
+namespace {
+
+TEST(KivodtSpec, ParsesNameWidthAndDecimals) {
+    struct Case {
+        const char* text;
+        bool ok;
+        const char* name;
+        int width;
+        bool hasWidth;
+        int decimals;
+    };
+    const Case cases[] = {
+        {"DATE9.", true, "DATE", 9, true, 0},  {"date9", true, "DATE", 9, true, 0},
+        {"TIME12.3", true, "TIME", 12, true, 3}, {"DATE", true, "DATE", 0, false, 0},
+        {"Date.", true, "DATE", 0, false, 0},  {"12.3", true, "", 12, true, 3},
+        {"", false, "", 0, false, 0},          {"9DATE", false, "", 0, false, 0},
+        {"DATE9.x", false, "", 0, false, 0},   {"DATE 9", false, "", 0, false, 0},
+        {"DATE99999", false, "", 0, false, 0}, {".3", false, "", 0, false, 0},
+    };
+    for (const Case& c : cases) {
+        kivodt::SpecText spec;
+        std::string error;
+        ASSERT_EQ(kivodt::parseSpecText(c.text, spec, error), c.ok) << c.text << ": " << error;
+        if (c.ok) {
+            EXPECT_EQ(spec.name, c.name) << c.text;
+            EXPECT_EQ(spec.hasWidth, c.hasWidth) << c.text;
+            EXPECT_EQ(spec.width, c.width) << c.text;
+            EXPECT_EQ(spec.decimals, c.decimals) << c.text;
+        } else {
+            EXPECT_FALSE(error.empty()) << c.text;
+        }
+    }
+}
+
+TEST(KivodtSpec, ResolvesAgainstTheCatalogLimits) {
+    struct Case {
+        const char* text;
+        bool ok;
+        int width;
+        const char* errorPart;
+    };
+    const Case cases[] = {
+        {"DATE", true, 7, ""},
+        {"date11.", true, 11, ""},
+        {"DATE4.", false, 0, "DATE: widths 5-11 (default 7)"},
+        {"DATE9.2", false, 0, "decimals 0-0"},
+        {"YEAR8.2", true, 8, ""},
+        {"YEAR4.4", false, 0, "decimals 0-3"},
+        {"DATX9.", false, 0, "did you mean DATE, DAY"},
+        {"MONTHNAME", false, 0, "MONNAME"},
+    };
+    for (const Case& c : cases) {
+        kivodt::ResolvedSpec<kivodt::FormatEntry> resolved;
+        std::string error;
+        ASSERT_EQ(kivodt::resolveFormat(c.text, resolved, error), c.ok) << c.text << ": " << error;
+        if (c.ok) {
+            EXPECT_EQ(resolved.width, c.width) << c.text;
+        } else {
+            EXPECT_NE(error.find(c.errorPart), std::string::npos) << c.text << ": " << error;
+        }
+    }
+}
+
+TEST(KivodtValues, ParsesNumbersAndMissingNotation) {
+    double value = 0;
+    EXPECT_TRUE(kivodt::parseValue(" 22356 ", value));
+    EXPECT_EQ(value, 22356);
+    EXPECT_TRUE(kivodt::parseValue("+1.5e3", value));
+    EXPECT_EQ(value, 1500);
+    EXPECT_TRUE(kivodt::parseValue("-0.25", value));
+    EXPECT_EQ(value, -0.25);
+    EXPECT_TRUE(kivodt::parseValue(".k", value));
+    EXPECT_EQ(kivo::lum_numeric::missingChar(value), 'K');
+    for (const char* bad : {"", "abc", "12x", "+-1", "..", "1 2"}) {
+        EXPECT_FALSE(kivodt::parseValue(bad, value)) << bad;
+    }
+}
+
+TEST(KivodtValues, PrintsTheShortestRoundTripOrTheMissingNotation) {
+    const std::pair<double, const char*> cases[] = {
+        {22356, "22356"}, {-5400, "-5400"}, {37815.25, "37815.25"}, {0.1, "0.1"},
+        {kivo::lum_numeric::MISSING, "."}, {kivo::lum_numeric::MISSING__, "._"},
+        {kivo::lum_numeric::specialMissing('C'), ".C"},
+    };
+    for (const auto& [value, text] : cases) {
+        char out[32];
+        EXPECT_EQ(std::string(out, kivodt::printValue(value, out)), text);
+    }
+}
+
+// Runs the runner with input and captures what it writes.
+struct Captured {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+std::string readAll(std::FILE* file) {
+    std::rewind(file);
+    std::string text;
+    char buffer[4096];
+    for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
+        text.append(buffer, n);
+    }
+    std::fclose(file);
+    return text;
+}
+
+template <class Run>
+Captured capture(const std::string& input, Run run) {
+    std::FILE* in = std::tmpfile();
+    std::FILE* out = std::tmpfile();
+    std::FILE* err = std::tmpfile();
+    std::fwrite(input.data(), 1, input.size(), in);
+    std::rewind(in);
+    const int status = run(kivodt::Streams{in, out, err});
+    std::fclose(in);
+    return {status, readAll(out), readAll(err)};
+}
+
+TEST(KivodtRunner, StreamsStandardInputAndReportsBadLines) {
+    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
+    std::string error;
+    ASSERT_TRUE(kivodt::resolveFormat("DATE9.", spec, error));
+    const Captured run = capture("0\r\n22356\nnope\n.\n-17321", [&](const kivodt::Streams& streams) {
+        return kivodt::runFormat(spec, {}, false, streams);
+    });
+    EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
+    EXPECT_EQ(run.out, "01JAN1960\n17MAR2021\n        .\n30JUL1912\n");
+    EXPECT_NE(run.err.find("line 3"), std::string::npos) << run.err;
+}
+
+// An informat that shows what it was given: the field, its width and the two middle arguments.
+std::string lastField;
+int lastWidth, lastLength, lastDecimals;
+int recordingInformat(const char* text, int width, int length, int decimals, double* result) {
+    lastField.assign(text, static_cast<std::size_t>(width));
+    lastWidth = width, lastLength = length, lastDecimals = decimals;
+    if (lastField == "bad") {
+        return 0;
+    }
+    *result = width + 0.5;
+    return 1;
+}
+
+TEST(KivodtRunner, InformatFieldIsTheFirstWidthBytesOfTheText) {
+    const kivodt::InformatEntry entry{"RECORD", recordingInformat, {1, 32, 8, 0, 9, false}};
+    struct Case {
+        int width;
+        bool widthGiven;
+        const char* text;
+        const char* field;
+        const char* printed;
+    };
+    const Case cases[] = {
+        {4, true, "15JAN2000", "15JA", "4.5\n"},
+        {12, true, "15JAN2000", "15JAN2000", "9.5\n"},
+        {8, false, "15JAN2000", "15JAN2000", "9.5\n"},
+        {3, true, "bad", "bad", "invalid\n"},
+    };
+    for (const Case& c : cases) {
+        const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, c.width, 2, c.widthGiven};
+        const std::string_view texts[] = {c.text};
+        const Captured run = capture("", [&](const kivodt::Streams& streams) {
+            return kivodt::runInformat(spec, texts, false, streams);
+        });
+        EXPECT_EQ(lastField, c.field) << c.text;
+        EXPECT_EQ(lastLength, static_cast<int>(std::strlen(c.text))) << c.text;
+        EXPECT_EQ(lastDecimals, 2);
+        EXPECT_EQ(run.out, c.printed) << c.text;
+        EXPECT_EQ(run.status, std::string(c.printed) == "invalid\n" ? kivodt::EXIT_BAD_INPUT : kivodt::EXIT_OK);
+    }
+    const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, 8, 0, false};
+    const Captured hex = capture("4142FF00\nzz\n", [&](const kivodt::Streams& streams) {
+        return kivodt::runInformat(spec, {}, true, streams);
+    });
+    EXPECT_EQ(lastField, std::string("AB\xFF\0", 4));
+    EXPECT_EQ(hex.out, "4.5\n");
+    EXPECT_EQ(hex.status, kivodt::EXIT_BAD_INPUT);
+}
+
+}  // namespace

@@ -1,0 +1,188 @@
+// The reference host's calendar against independent computations: every valid day walked one by one,
+// the week conventions counted by hand around every turn of the year, and the datetime split.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "kivox/Calendar.h"
+#include "kivox/Missing.h"
+#include "kivox/Services.h"
+
+namespace {
+
+using kivo::Date;
+
+bool leap(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
+int monthLength(int y, int m) {
+    static const int days[] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    return m == 2 && leap(y) ? 29 : days[m];
+}
+
+TEST(HostCalendar, EveryValidDayAgreesWithAnIncrementalCalendar) {
+    int year = 1582, month = 1, day = 1, dayOfYear = 1;
+    int weekday = 6;  // 1 January 1582 (proleptic Gregorian) was a Friday
+    for (int serial = Date::MIN_SERIAL; serial <= Date::MAX_SERIAL; ++serial) {
+        const Date date(static_cast<double>(serial));
+        const Date::YMD ymd = date.yearMonthDay();
+        const Date::YD yd = date.yearDayOfYear();
+        if (ymd.year != year || ymd.month != month || ymd.day != day || yd.dayOfYear != dayOfYear ||
+            date.dayOfWeek() != weekday || static_cast<int>(Date(year, month, day)) != serial ||
+            static_cast<int>(Date(year, dayOfYear)) != serial) {
+            FAIL() << "serial " << serial << ": host " << ymd.year << "-" << ymd.month << "-" << ymd.day << " day "
+                   << yd.dayOfYear << " weekday " << date.dayOfWeek() << ", expected " << year << "-" << month
+                   << "-" << day << " day " << dayOfYear << " weekday " << weekday;
+        }
+        weekday = weekday % 7 + 1;
+        ++dayOfYear;
+        if (++day > monthLength(year, month)) {
+            day = 1;
+            if (++month > 12) {
+                month = 1, dayOfYear = 1, ++year;
+            }
+        }
+    }
+    EXPECT_EQ(year, 20001);
+}
+
+TEST(HostCalendar, RangeAndConstruction) {
+    struct Case {
+        double value;
+        bool valid;
+        int serial;
+    };
+    const Case cases[] = {
+        {0.0, true, 0},          {-0.5, true, -1},         {22356.99, true, 22356},        {-138061, true, -138061},
+        {-138061.5, false, 0},   {6589340.999, true, 6589340}, {6589341, false, 0},        {NAN, false, 0},
+        {INFINITY, false, 0},    {-INFINITY, false, 0},    {kivo::lum_numeric::MISSING, false, 0},
+    };
+    for (const Case& c : cases) {
+        const Date date(c.value);
+        EXPECT_EQ(date.isValid(), c.valid) << c.value;
+        if (c.valid) {
+            EXPECT_EQ(static_cast<int>(date), c.serial) << c.value;
+        }
+    }
+    EXPECT_FALSE(Date(1581, 12, 31).isValid());
+    EXPECT_FALSE(Date(20001, 1, 1).isValid());
+    EXPECT_FALSE(Date(2001, 2, 29).isValid());
+    EXPECT_TRUE(Date(2000, 2, 29).isValid());
+    EXPECT_FALSE(Date(1900, 2, 29).isValid());
+    EXPECT_FALSE(Date(2001, 366).isValid());
+    EXPECT_EQ(static_cast<int>(Date(1912, 7, 30)), -17321);
+    EXPECT_EQ(static_cast<int>(Date(1926, 12, 25)), -12060);
+    EXPECT_EQ(static_cast<int>(Date(1989, 1, 8)), 10600);
+
+    Date last(static_cast<double>(Date::MAX_SERIAL));
+    last += kivo::DateDuration(1);
+    EXPECT_FALSE(last.isValid());
+    Date first(0.0);
+    first += kivo::DateDuration(1);
+    EXPECT_EQ(static_cast<int>(first), 1);
+    EXPECT_TRUE(Date(0.0) <= Date(1.0));
+}
+
+// The week conventions by their definitions, counting days from 1 January.
+Date::YWD countedWeek(int year, int dayOfYear, char convention) {
+    const int januaryFirst = Date(year, 1, 1).dayOfWeek();  // 1 = Sunday
+    const int weekStart = convention == 'U' ? 1 : 2;        // Sunday or Monday
+    int week = 0;
+    int weekday = januaryFirst;
+    for (int d = 1; d <= dayOfYear; ++d) {
+        if (weekday == weekStart) {
+            ++week;
+        }
+        if (d < dayOfYear) {
+            weekday = weekday % 7 + 1;
+        }
+    }
+    const int shown = convention == 'U' ? weekday : (weekday + 5) % 7 + 1;
+    return {year, week, shown};
+}
+
+// ISO 8601: the week of the Thursday of the same Monday-based week, numbered within that Thursday's year.
+Date::YWD isoWeek(const Date& date) {
+    const int mondayBased = (date.dayOfWeek() + 5) % 7 + 1;
+    Date thursday(static_cast<double>(static_cast<int>(date) + 4 - mondayBased));
+    return {thursday.year(), (thursday.dayOfYear() - 1) / 7 + 1, mondayBased};
+}
+
+TEST(HostCalendar, WeekRecordsAroundEveryTurnOfTheYear) {
+    for (int year = 1583; year <= 20000; ++year) {
+        const int start = static_cast<int>(Date(year, 1, 1)) - 8;
+        for (int serial = start; serial < start + 16; ++serial) {
+            const Date date(static_cast<double>(serial));
+            const Date::YD yd = date.yearDayOfYear();
+            const Date::YWD u = date.yearWeekUDay(), w = date.yearWeekWDay(), v = date.yearWeekVDay();
+            const Date::YWD cu = countedWeek(yd.year, yd.dayOfYear, 'U');
+            const Date::YWD cw = countedWeek(yd.year, yd.dayOfYear, 'W');
+            const Date::YWD cv = isoWeek(date);
+            ASSERT_TRUE(u.year == cu.year && u.week == cu.week && u.day == cu.day) << "U " << serial;
+            ASSERT_TRUE(w.year == cw.year && w.week == cw.week && w.day == cw.day) << "W " << serial;
+            ASSERT_TRUE(v.year == cv.year && v.week == cv.week && v.day == cv.day) << "V " << serial;
+        }
+    }
+    // Known ISO weeks: 1 January 2021 is in week 53 of 2020; 31 December 2018 in week 1 of 2019.
+    EXPECT_EQ(Date(2021, 1, 1).yearWeekVDay().year, 2020);
+    EXPECT_EQ(Date(2021, 1, 1).yearWeekVDay().week, 53);
+    EXPECT_EQ(Date(2018, 12, 31).yearWeekVDay().year, 2019);
+    EXPECT_EQ(Date(2018, 12, 31).yearWeekVDay().week, 1);
+}
+
+TEST(HostCalendar, DatetimeSplitsIntoDayAndTimeOfDay) {
+    struct Case {
+        double seconds;
+        int day;
+        double timeOfDay;
+    };
+    const Case cases[] = {
+        {0.0, 0, 0.0},           {86399.5, 0, 86399.5},       {86400.0, 1, 0.0},
+        {-1.0, -1, 86399.0},     {-86400.0, -1, 0.0},         {1e-300, 0, 1e-300},
+        // The largest instant before a day boundary still belongs to the day before.
+        {259199.99999999997, 2, 86399.99999999997},
+        // A tiny negative instant belongs to the day before and stays inside it.
+        {-1e-20, -1, 86399.99999999999},
+    };
+    for (const Case& c : cases) {
+        const kivo::Datetime datetime(c.seconds);
+        ASSERT_TRUE(datetime.isValid()) << c.seconds;
+        EXPECT_EQ(static_cast<int>(datetime.date()), c.day) << c.seconds;
+        EXPECT_NEAR(datetime.timeOfDay().totalSeconds(), c.timeOfDay, 1e-6) << c.seconds;
+        EXPECT_LT(datetime.timeOfDay().totalSeconds(), 86400.0) << c.seconds;
+        EXPECT_GE(datetime.timeOfDay().totalSeconds(), 0.0) << c.seconds;
+    }
+    EXPECT_FALSE(kivo::Datetime((Date::MAX_SERIAL + 1.0) * 86400).isValid());
+    EXPECT_TRUE(kivo::Datetime((Date::MAX_SERIAL + 1.0) * 86400 - 0.5).isValid());
+    EXPECT_FALSE(kivo::Datetime(Date::MIN_SERIAL * 86400.0 - 0.5).isValid());
+    EXPECT_FALSE(kivo::Datetime(kivo::lum_numeric::MISSING).isValid());
+
+    const kivo::TimeDuration duration(-5430.0);  // -1:30:30
+    EXPECT_EQ(duration.hours(), -1);
+    EXPECT_EQ(duration.minutes(), -30);
+    EXPECT_EQ(kivo::TimeDuration(45296.789).hours(), 12);
+    EXPECT_EQ(kivo::TimeDuration(45296.789).minutes(), 34);
+}
+
+TEST(HostCalendar, TwoDigitYearsFollowTheCutoff) {
+    kivo::ServiceLocator session;
+    kivo::ServiceLocator* previous = kivo::ServiceLocator::setCurrent(&session);
+    struct Case {
+        const char* cutoff;
+        int year;
+        int expanded;
+    };
+    const Case cases[] = {
+        {"1940", 40, 1940}, {"1940", 39, 2039}, {"1940", 0, 2000},  {"1940", 99, 1999}, {"1940", 100, 100},
+        {"1940", 2023, 2023}, {"1940", -1, -1}, {"1900", 0, 1900},  {"1900", 99, 1999}, {"1999", 98, 2098},
+        {"1999", 99, 1999}, {"2000", 0, 2000},  {"2000", 99, 2099},
+    };
+    for (const Case& c : cases) {
+        ASSERT_TRUE(session.systemOptions().setOption("yearcutoff", c.cutoff));
+        EXPECT_EQ(kivo::lum_date::expand2DigitYear(c.year), c.expanded) << c.cutoff << " " << c.year;
+    }
+    EXPECT_FALSE(session.systemOptions().setOption("yearcutoff", "19x0"));
+    EXPECT_FALSE(session.systemOptions().setOption("yearcutoff", "1500"));
+    EXPECT_STREQ(session.systemOptions().getOption("yearcutoff"), "2000");
+    kivo::ServiceLocator::setCurrent(previous);
+}
+
+}  // namespace

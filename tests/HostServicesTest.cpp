@@ -1,0 +1,140 @@
+// The reference host's numbers, missing values, character tables and services.
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <thread>
+
+#include "kivox/CharTables.h"
+#include "kivox/Fail.h"
+#include "kivox/Missing.h"
+#include "kivox/Numbers.h"
+#include "kivox/Services.h"
+
+namespace {
+
+// The decimal exponent of the exact value of x, from enough digits that no double near a power of ten
+// rounds across it.
+int exactDecimalExponent(double x) {
+    char text[128];
+    std::snprintf(text, sizeof text, "%.60e", x);
+    return std::atoi(std::strchr(text, 'e') + 1);
+}
+
+TEST(HostNumbers, FloorLog10IsExactNextToEveryPowerOfTen) {
+    for (int e = -323; e <= 308; ++e) {
+        const double power = kivo::pow10(e);
+        for (double x : {power, std::nextafter(power, 0.0), std::nextafter(power, INFINITY), power * 3.7}) {
+            if (x > 0 && std::isfinite(x)) {
+                ASSERT_EQ(kivo::floorLog10(x), exactDecimalExponent(x)) << x;
+                ASSERT_EQ(kivo::floorLog10(-x), exactDecimalExponent(x)) << -x;
+            }
+        }
+    }
+    EXPECT_EQ(kivo::floorLog10(4.9406564584124654e-324), -324);
+    EXPECT_EQ(kivo::floorLog10(1.7976931348623157e308), 308);
+    EXPECT_EQ(kivo::floorLog10(0.0), kivo::FLOOR_LOG10_NONE);
+    EXPECT_EQ(kivo::floorLog10(NAN), kivo::FLOOR_LOG10_NONE);
+}
+
+TEST(HostNumbers, PowersOfTen) {
+    EXPECT_EQ(kivo::pow10(0), 1.0);
+    EXPECT_EQ(kivo::pow10(22), 1e22);
+    EXPECT_EQ(kivo::pow10(-5), 1e-5);
+    EXPECT_EQ(kivo::pow10(308), 1e308);
+    EXPECT_EQ(kivo::pow10(309), INFINITY);
+    EXPECT_EQ(kivo::pow10(-400), 0.0);
+    EXPECT_EQ(kivo::int64Pow10(18), 1000000000000000000LL);
+    EXPECT_EQ(kivo::int64Pow10(19), 0);
+}
+
+TEST(HostMissing, PatternsCharactersAndNotation) {
+    using namespace kivo::lum_numeric;
+    EXPECT_EQ(missingChar(MISSING), '.');
+    EXPECT_EQ(missingChar(MISSING__), '_');
+    EXPECT_EQ(missingChar(specialMissing('a')), 'A');
+    EXPECT_EQ(missingChar(specialMissing('Z')), 'Z');
+    EXPECT_EQ(std::bit_cast<unsigned long long>(MISSING) >> 48, 0xFFFFu);
+    EXPECT_NE(MISSING, MISSING);  // every missing value is a NaN
+
+    struct Case {
+        const char* text;
+        bool found;
+        char character;
+    };
+    const Case cases[] = {{".", true, '.'},   {"._", true, '_'},  {".a", true, 'A'},  {".Q", true, 'Q'},
+                          {"", false, 0},     {"..", false, 0},   {".1", false, 0},   {"A", false, 0},
+                          {". ", false, 0},   {".AB", false, 0},  {"_", false, 0}};
+    for (const Case& c : cases) {
+        double result = 42.0;
+        EXPECT_EQ(kivo::findNumericMissing(c.text, c.text + std::strlen(c.text), result), c.found) << c.text;
+        if (c.found) {
+            EXPECT_EQ(missingChar(result), c.character) << c.text;
+        } else {
+            EXPECT_EQ(result, 42.0) << c.text;
+        }
+    }
+}
+
+TEST(HostMissing, FieldNarrowingDropsBlanksTabsAndNuls) {
+    const char field[] = " \t\0 12 3\t \0";
+    const char* begin = field;
+    const char* end = field + sizeof field - 1;
+    kivo::findNumericStartAndEnd(begin, end);
+    EXPECT_EQ(std::string(begin, end), "12 3");
+    const char blank[] = "   ";
+    begin = blank, end = blank + 3;
+    kivo::findNumericStartAndEnd(begin, end);
+    EXPECT_EQ(begin, end);
+}
+
+TEST(HostCharTables, ClassesAndValues) {
+    using namespace kivo::sbcs;
+    const unsigned char* ctype = detail::ctypeTable_;
+    EXPECT_TRUE(ctype['a'] & CTYPE_ALPHA);
+    EXPECT_TRUE(ctype['Z'] & CTYPE_ALPHA);
+    EXPECT_TRUE(ctype['5'] & CTYPE_DIGIT);
+    EXPECT_FALSE(ctype['5'] & CTYPE_ALPHA);
+    EXPECT_EQ(ctype['-'] & CTYPE_ALNUM, 0);
+    EXPECT_EQ(ctype[0xC9] & CTYPE_ALNUM, 0);
+    EXPECT_EQ(detail::tolowerTable_['Q'], 'q');
+    EXPECT_EQ(detail::tolowerTable_['-'], '-');
+    EXPECT_EQ(kivo::CharRepresentation::ASCII_ALPHANUMERIC_TABLE['7'], 7);
+    EXPECT_EQ(kivo::CharRepresentation::ASCII_ALPHANUMERIC_TABLE['b'], 11);
+    EXPECT_EQ(kivo::CharRepresentation::ASCII_ALPHANUMERIC_TABLE[' '], 0xFF);
+}
+
+TEST(HostServices, ThreadLocatorOverridesTheFallback) {
+    kivo::ServiceLocator& fallback = kivo::getFallbackServiceCreator();
+    EXPECT_EQ(&kivo::currentServiceLocator(), &fallback);
+    EXPECT_STREQ(fallback.systemOptions().getOption("datestyle"), "locale");
+    EXPECT_STREQ(fallback.nationalLanguageSupport().dateStyle(), "mdy");
+
+    kivo::ServiceLocator session;
+    session.systemOptions().setOption("datestyle", "dmy");
+    kivo::ServiceLocator::setCurrent(&session);
+    auto* options = static_cast<kivo::SystemOptions*>(
+        kivo::currentServiceLocator().getService(kivo::SystemOptions::ID, kivo::SystemOptions::NAME));
+    EXPECT_STREQ(options->getOption("datestyle"), "dmy");
+    // Another thread has no locator of its own and sees the fallback.
+    const char* seenElsewhere = nullptr;
+    std::thread([&] { seenElsewhere = kivo::currentServiceLocator().systemOptions().getOption("datestyle"); }).join();
+    EXPECT_STREQ(seenElsewhere, "locale");
+    kivo::ServiceLocator::setCurrent(nullptr);
+
+    EXPECT_EQ(session.getService(kivo::SystemOptions::ID, "Env"), nullptr);
+    EXPECT_EQ(session.getService(99, "SystemOptions"), nullptr);
+    EXPECT_NE(session.getService(kivo::Env::ID, kivo::Env::NAME), nullptr);
+    EXPECT_EQ(session.systemOptions().getOption("nosuch"), nullptr);
+    EXPECT_FALSE(session.systemOptions().setOption("nosuch", "1"));
+}
+
+TEST(HostServicesDeathTest, KivoFailNamesMessageSourceAndLineThenAborts) {
+    EXPECT_DEATH(kivo::kivoFail("pi.valCount >= index + 2", "src/formats/datetime_formats/AnydtInformats", 345),
+                 "pi.valCount >= index \\+ 2.*src/formats/datetime_formats/AnydtInformats:345");
+}
+
+}  // namespace
