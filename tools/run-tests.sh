@@ -1,0 +1,17 @@
+#!/bin/sh
+# Builds and runs every test: the debug build, then the whole suite again under AddressSanitizer and
+# UndefinedBehaviorSanitizer, then each libFuzzer target for a bounded time (FUZZ_SECONDS, default 60).
+set -eu
+cd "$(dirname "$0")/.."
+
+cmake --preset debug
+cmake --build --preset debug
+ctest --preset debug
+
+cmake --preset asan
+cmake --build --preset asan
+ctest --preset asan
+
+if [ -x tools/run-fuzzers.sh ]; then
+    tools/run-fuzzers.sh "${FUZZ_SECONDS:-60}"
+fi
