@@ -1,4 +1,4 @@
-// The kivodt front end: specifications, values, and the runner's streaming and field rules.
+// The kivodt front end: specs, values, and the runner's streaming and field rules.
 #include <gtest/gtest.h>
 
 #include <cmath>

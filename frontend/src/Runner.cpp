@@ -138,7 +138,7 @@ int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::st
             text = bytes;
         }
         // The field is the first `width` bytes of the text, or the whole text when it is shorter or when
-        // the specification gave no width; copied, so that the informat sees nothing beyond it.
+        // the spec gave no width; copied, so that the informat sees nothing beyond it.
         const std::size_t fieldLength =
             spec.widthGiven && text.size() > static_cast<std::size_t>(spec.width) ? spec.width : text.size();
         field.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(fieldLength));

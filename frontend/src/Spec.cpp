@@ -148,7 +148,7 @@ bool parseSpecText(std::string_view text, SpecText& spec, std::string& error) {
         }
     }
     if (pos != text.size() || (spec.name.empty() && !spec.hasWidth)) {
-        error = join({"\"", text, "\" is not a format specification (NAMEw.d, e.g. DATE9.)"});
+        error = join({"\"", text, "\" is not a format spec (NAMEw.d, e.g. DATE9.)"});
         return false;
     }
     return true;

@@ -32,7 +32,7 @@ Options (before the command):
   --missing-char C    the character printed for an ordinary missing value (default .)
 
 Exit status: 0 all went well; 1 some value or text could not be used (named on standard error);
-2 bad command line or specification.
+2 bad command line or spec.
 )";
 
 int usageError(const std::string& message) {

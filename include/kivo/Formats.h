@@ -3,7 +3,7 @@
 #include "kivo/Export.h"
 
 // The formats: each writes exactly width bytes (no terminating NUL) for one value and returns 0.
-// Arguments: the field, its width, the decimals of the format specification, the value (a day serial,
+// Arguments: the field, its width, the decimals of the format spec, the value (a day serial,
 // a seconds serial, a time value or a missing value).
 extern "C" {
 

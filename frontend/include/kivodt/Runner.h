@@ -11,7 +11,7 @@ namespace kivodt {
 // Exit statuses of kivodt.
 inline constexpr int EXIT_OK = 0;
 inline constexpr int EXIT_BAD_INPUT = 1;  // some value or text could not be used; the run went on
-inline constexpr int EXIT_USAGE = 2;      // bad command line or specification; nothing was run
+inline constexpr int EXIT_USAGE = 2;      // bad command line or spec; nothing was run
 
 struct Streams {
     std::FILE* in;

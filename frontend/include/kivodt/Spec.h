@@ -7,7 +7,7 @@
 
 namespace kivodt {
 
-// A format specification as a user writes it: a name, an optional width, an optional point and
+// A format spec as a user writes it: a name, an optional width, an optional point and
 // decimals, in any case ("DATE9.", "date9", "TIME12.3", "DATE", "12.3").
 struct SpecText {
     std::string name;
