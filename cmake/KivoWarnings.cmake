@@ -8,5 +8,5 @@ function(kivo_hidden_shared_library target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   target_compile_options(${target} PRIVATE -fno-semantic-interposition)
-  target_link_options(${target} PRIVATE -Wl,--no-undefined)
+  target_link_options(${target} PRIVATE -Wl,--no-undefined -Wl,-Bsymbolic-functions)
 endfunction()

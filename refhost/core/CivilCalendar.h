@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstdint>
+
 // Constant-time conversions between day serials (day 0 = 1 January 1960) and proleptic Gregorian
-// year/month/day, after Hinnant's days-from-civil and civil-from-days. The shift by SHIFT_DAYS moves
-// every serial the host supports (and a few years either side, for the week computations) to a
-// positive count of days since 1 March of year 0, so all the divisions are on non-negative values.
+// year/month/day: Hinnant's days-from-civil one way, Neri and Schneider's civil-from-days the other.
+// The shift by SHIFT_DAYS moves every serial the host supports (and a few years either side, for the
+// week computations) to a positive count of days since 1 March of year 0, so all the divisions are on
+// non-negative values.
 namespace kivo::civil {
 
 inline constexpr long SHIFT_DAYS = 719468 - 3653;  // days from 0000-03-01 to 1960-01-01
@@ -12,19 +15,33 @@ struct YearMonthDay {
     int year;
     int month;
     int day;
+    int dayOfYear;  // 1..366
 };
 
+constexpr bool isLeapYear(int year) noexcept {
+    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+// Neri and Schneider's Euclidean affine form of civil-from-days: 32-bit unsigned products and shifts
+// only. Valid while 4 * (serial + SHIFT_DAYS) + 3 fits in 32 bits, far beyond the supported range.
 constexpr YearMonthDay fromSerial(long serial) noexcept {
-    const long shifted = serial + SHIFT_DAYS;
-    const long era = shifted / 146097;
-    const long dayOfEra = shifted - era * 146097;
-    const long yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-    const long dayOfMarchYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const long marchMonth = (5 * dayOfMarchYear + 2) / 153;
-    const int day = static_cast<int>(dayOfMarchYear - (153 * marchMonth + 2) / 5 + 1);
-    const int month = static_cast<int>(marchMonth < 10 ? marchMonth + 3 : marchMonth - 9);
-    const int year = static_cast<int>(yearOfEra + era * 400 + (month <= 2 ? 1 : 0));
-    return {year, month, day};
+    const auto n = static_cast<std::uint32_t>(serial + SHIFT_DAYS);  // days since 0000-03-01
+    const std::uint32_t n1 = 4 * n + 3;
+    const std::uint32_t century = n1 / 146097;
+    const std::uint32_t dayOfCentury = n1 % 146097 / 4;
+    const std::uint32_t n2 = 4 * dayOfCentury + 3;
+    const std::uint64_t p2 = std::uint64_t{2939745} * n2;
+    const auto yearOfCentury = static_cast<std::uint32_t>(p2 >> 32);
+    const std::uint32_t dayOfMarchYear = static_cast<std::uint32_t>(p2) / 2939745 / 4;
+    const std::uint32_t n3 = 2141 * dayOfMarchYear + 197913;
+    const std::uint32_t marchMonth = n3 >> 16;  // 3..14
+    const std::uint32_t day = (n3 & 0xFFFF) / 2141 + 1;
+    const bool januaryOrFebruary = dayOfMarchYear >= 306;
+    const auto marchYear = static_cast<int>(100 * century + yearOfCentury);
+    const int year = marchYear + (januaryOrFebruary ? 1 : 0);
+    const auto dayOfYear = static_cast<int>(januaryOrFebruary ? dayOfMarchYear - 305
+                                                              : dayOfMarchYear + 60 + (isLeapYear(year) ? 1 : 0));
+    return {year, static_cast<int>(januaryOrFebruary ? marchMonth - 12 : marchMonth), static_cast<int>(day), dayOfYear};
 }
 
 // year must be at least 1; month 1..12; day may run past the month's end (it then counts on).
@@ -35,10 +52,6 @@ constexpr long toSerial(int year, int month, int day) noexcept {
     const long dayOfMarchYear = (153 * (month > 2 ? month - 3 : month + 9) + 2) / 5 + day - 1;
     const long dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfMarchYear;
     return era * 146097 + dayOfEra - SHIFT_DAYS;
-}
-
-constexpr bool isLeapYear(int year) noexcept {
-    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
 constexpr int daysInMonth(int year, int month) noexcept {
@@ -57,5 +70,6 @@ static_assert(toSerial(1582, 1, 1) == -138061);
 static_assert(toSerial(20000, 12, 31) == 6589340);
 static_assert(fromSerial(-17321).year == 1912 && fromSerial(-17321).month == 7 && fromSerial(-17321).day == 30);
 static_assert(dayOfWeek(0) == 6);
+static_assert(fromSerial(0).dayOfYear == 1 && fromSerial(-1).dayOfYear == 365 && fromSerial(59).dayOfYear == 60);
 
 }  // namespace kivo::civil

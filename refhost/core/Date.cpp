@@ -108,8 +108,8 @@ Date::YD Date::yearDayOfYear() const noexcept {
     if (!isValid()) {
         return {0, 0};
     }
-    const int year = civil::fromSerial(serial_).year;
-    return {year, static_cast<int>(serial_ - civil::toSerial(year, 1, 1) + 1)};
+    const civil::YearMonthDay ymd = civil::fromSerial(serial_);
+    return {ymd.year, ymd.dayOfYear};
 }
 
 int Date::dayOfYear() const noexcept { return yearDayOfYear().dayOfYear; }
