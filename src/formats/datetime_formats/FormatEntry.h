@@ -9,11 +9,7 @@
 namespace kivo::format::datetime::entry {
 
 template <class Write>
-inline int withDate(char* field, int width, int missingDecimals, double value, Write write) noexcept {
-    if (writeMissing(value, field, width, missingDecimals)) {
-        return 0;
-    }
-    const Date date(value);
+inline int writeValidDate(char* field, int width, const Date& date, Write write) noexcept {
     if (!date.isValid()) {
         field::stars(field, width);
         return 0;
@@ -23,20 +19,23 @@ inline int withDate(char* field, int width, int missingDecimals, double value, W
     return 0;
 }
 
-// The DT formats: a seconds serial, of which only the calendar day is shown.
+// A day serial.
+template <class Write>
+inline int withDate(char* field, int width, int missingDecimals, double value, Write write) noexcept {
+    if (writeMissing(value, field, width, missingDecimals)) {
+        return 0;
+    }
+    return writeValidDate(field, width, Date(value), write);
+}
+
+// The DT formats: a seconds serial, of which only the calendar day is shown. An invalid datetime has
+// an invalid date.
 template <class Write>
 inline int withDatetimeDate(char* field, int width, int missingDecimals, double value, Write write) noexcept {
     if (writeMissing(value, field, width, missingDecimals)) {
         return 0;
     }
-    const Datetime datetime(value);
-    if (!datetime.isValid()) {
-        field::stars(field, width);
-        return 0;
-    }
-    char* out = field;
-    write(datetime.date(), out, width);
-    return 0;
+    return writeValidDate(field, width, Datetime(value).date(), write);
 }
 
 }  // namespace kivo::format::datetime::entry
