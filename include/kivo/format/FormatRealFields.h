@@ -15,7 +15,7 @@ namespace kivo::format {
 // 10^(exponent - (L - pointPosition)).
 struct KIVO_EXPORT FormatRealFields {
     // Where outputReal puts the sign of a negative number; any other value writes no sign.
-    enum NegativePosition { BEFORE = 0, AFTER = 1 };
+    enum NegativePosition : int { BEFORE = 0, AFTER = 1 };
 
     std::int32_t leadingBlanks;  // negative: the number does not fit the width
     bool isNegative;
