@@ -83,7 +83,8 @@ bool layOutD(double x, int width, int decimals, int e, bool negative, FormatReal
     }
 }
 
-// Kept from the original rule: with an exact floor logarithm this bound is never reached.
+// A value at or above this multiple of the next power of ten is laid out as that power. With the host's
+// exact floor logarithm no value of the decade reaches it; the step stays for a coarser logarithm.
 constexpr double NEXT_POWER_MARGIN = 9.9999999999769;
 
 }  // namespace

@@ -43,26 +43,35 @@ void writeExponentValue(char*& out, int magnitude, int count) {
     out += count;
 }
 
-// The digit run with the point inserted after `pointPosition` of its characters (when shown).
+// `count` characters of the run: the digits from source, or zeros when source is null.
+void writeRunPart(char*& out, const char* source, int from, int count) {
+    if (source == nullptr) {
+        field::repeat(out, count - from, '0');
+    } else {
+        field::text(out, source + from, count - from);
+    }
+}
+
+// The digit run with the point inserted after `pointPosition` of its characters (when shown). A point
+// on the boundary of two parts is written with the earlier part.
 void writeDigitRun(const FormatRealFields& f, char*& out, char pointChar) {
     int before = f.hasDecimalPoint ? f.pointPosition : -1;
-    const auto part = [&](const char* source, int count, bool zeros) {
+    const auto part = [&](const char* source, int count) {
         if (before >= 0 && before <= count) {
-            zeros ? field::repeat(out, before, '0') : field::text(out, source, before);
+            writeRunPart(out, source, 0, before);
             *out++ = pointChar;
-            zeros ? field::repeat(out, count - before, '0') : field::text(out, source + before, count - before);
+            writeRunPart(out, source, before, count);
             before = -1;
             return;
         }
-        zeros ? field::repeat(out, count, '0') : field::text(out, source, count);
+        writeRunPart(out, source, 0, count);
         if (before >= 0) {
             before -= count;
         }
     };
-    // A point at the boundary of two parts is written by the earlier part.
-    part(nullptr, f.leadingZeroes, true);
-    part(f.digits, f.numDigits, false);
-    part(nullptr, f.trailingZeroes, true);
+    part(nullptr, f.leadingZeroes);
+    part(f.digits, f.numDigits);
+    part(nullptr, f.trailingZeroes);
 }
 
 // The integer characters of a separated field: `count` characters taken from the digits (then zeros),
