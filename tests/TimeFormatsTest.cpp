@@ -137,6 +137,7 @@ struct CarryLayout {
     const char* below;
     const char* above;
     double slack;  // TIME's increment is 1e-8 above the half unit
+    const char* suffix = "";
 };
 
 class SecondsCarry : public testing::TestWithParam<CarryLayout> {};
@@ -153,15 +154,17 @@ TEST_P(SecondsCarry, AtEveryDecimals) {
             nines = d == 8 ? ".99999998" : ".999999989";
         }
         const std::string zeros = d > 0 ? "." + std::string(static_cast<std::size_t>(d), '0') : "";
-        EXPECT_EQ(formatField(layout.format, width, d, boundary - HAIR), layout.below + nines) << d;
-        EXPECT_EQ(formatField(layout.format, width, d, boundary + HAIR), layout.above + zeros) << d;
+        EXPECT_EQ(formatField(layout.format, width, d, boundary - HAIR), layout.below + nines + layout.suffix) << d;
+        EXPECT_EQ(formatField(layout.format, width, d, boundary + HAIR), layout.above + zeros + layout.suffix) << d;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(TimeWriters, SecondsCarry, testing::Values(
+INSTANTIATE_TEST_SUITE_P(AllClocks, SecondsCarry, testing::Values(
     CarryLayout{timeFormat, 7, "0:00:59", "0:01:00", 1e-8},
     CarryLayout{mmssFormat, 4, "0:59", "1:00", 0.0},
-    CarryLayout{todFormat, 7, "0:00:59", "0:01:00", 0.0}));
+    CarryLayout{todFormat, 7, "0:00:59", "0:01:00", 0.0},
+    CarryLayout{timeampmFormat, 11, "12:00:59", "12:01:00", 0.0, " AM"},
+    CarryLayout{datetimeFormat, 16, "01JAN60:00:00:59", "01JAN60:00:01:00", 0.0}));
 
 TEST(NumberOfLeadingZeroes, Thresholds) {
     using kivo::format::datetime::numberOfLeadingZeroes;
