@@ -29,6 +29,20 @@ expect "hex output" 0 "2031" -- "$KIVODT" --hex format DAY2. 0
 expect "width out of range" 2 "" -- "$KIVODT" format DATE12. 0
 expect "unknown format" 2 "" -- "$KIVODT" format DATX9. 0
 expect "unknown informat" 2 "" -- "$KIVODT" informat NOSUCH 0
+expect "BEST12" 0 "3.1415926536
+     -1E-300
+           0" -- "$KIVODT" format BEST12. 3.14159265358979 -1e-300 0
+expect "BEST default width, narrow widths" 0 "     1234567
+  0
+***" -- sh -c "'$KIVODT' format best 1234567 && '$KIVODT' format BEST3. -0.001 1e10"
+expect "D8.3" 0 "  1.0000" -- "$KIVODT" format D8.3 1
+expect "E10" 0 " 1.235E+04
+-1.235E+04" -- "$KIVODT" format E10. 12345 -12345
+expect "E below its widths" 2 "" -- "$KIVODT" format E6. 1
+expect "w.d, missing on the point" 0 "    1234.568
+     .  " -- sh -c "'$KIVODT' format 12.3 1234.5678 && '$KIVODT' format 8.2 ."
+expect "PERCENT" 0 " 12.35% 
+(50.00%)" -- "$KIVODT" format PERCENT8.2 0.12345 -0.5
 expect "bad option value" 2 "" -- "$KIVODT" --datestyle xyz format DATE9. 0
 
 expect "TIME12.3" 0 "12:34:56.789" -- "$KIVODT" format TIME12.3 45296.789

@@ -1,0 +1,309 @@
+#include "kivo/format/FormatRealFields.h"
+
+#include <cmath>
+
+#include "formats/DecimalLimbs.h"
+#include "formats/FieldWriting.h"
+#include "kivox/Fail.h"
+#include "kivox/Numbers.h"
+
+namespace kivo::format {
+
+namespace {
+
+constexpr int DIGIT_CAPACITY = 32;
+
+// The failure report of the grouping routine names this source and this line.
+constexpr const char* SEPARATED_FAIL_SOURCE = "src/formats/FormatRealFields";
+constexpr int SEPARATED_FAIL_LINE = 318;
+
+int runLength(const FormatRealFields& f) { return f.leadingZeroes + f.numDigits + f.trailingZeroes; }
+
+// x scaled to the planned digits, rounded half up, then nudged by the fuzz factor: a value a hair
+// below a rounding boundary only because of its binary form is pushed over it, but only while the
+// nudge stays below 0.05 units of the last digit.
+double roundedScaledValue(double value, int scale, double fuzz) {
+    double x = value;
+    FormatRealFields::multPow10(x, scale);
+    if (x != std::trunc(x) || std::isnan(x)) {
+        x += 0.5;
+    }
+    if (fuzz * x < 0.05) {
+        x *= 1.0 + fuzz;
+    }
+    return std::trunc(x);
+}
+
+// The exponent's magnitude in exactly `count` digits, leading zeros in front; higher digits are lost.
+void writeExponentValue(char*& out, int magnitude, int count) {
+    for (int i = count - 1; i >= 0; --i) {
+        out[i] = field::DIGITS[magnitude % 10];
+        magnitude /= 10;
+    }
+    out += count;
+}
+
+// The digit run with the point inserted after `pointPosition` of its characters (when shown).
+void writeDigitRun(const FormatRealFields& f, char*& out, char pointChar) {
+    int before = f.hasDecimalPoint ? f.pointPosition : -1;
+    const auto part = [&](const char* source, int count, bool zeros) {
+        if (before >= 0 && before <= count) {
+            zeros ? field::repeat(out, before, '0') : field::text(out, source, before);
+            *out++ = pointChar;
+            zeros ? field::repeat(out, count - before, '0') : field::text(out, source + before, count - before);
+            before = -1;
+            return;
+        }
+        zeros ? field::repeat(out, count, '0') : field::text(out, source, count);
+        if (before >= 0) {
+            before -= count;
+        }
+    };
+    // A point at the boundary of two parts is written by the earlier part.
+    part(nullptr, f.leadingZeroes, true);
+    part(f.digits, f.numDigits, false);
+    part(nullptr, f.trailingZeroes, true);
+}
+
+// The integer characters of a separated field: `count` characters taken from the digits (then zeros),
+// with a separator after the first group and after every further three, never after the last.
+void writeGroupedInteger(char*& out, const char* digits, int numDigits, int count, int firstGroup,
+                         char separatorChar) {
+    int untilSeparator = firstGroup;
+    for (int i = 0; i < count; ++i) {
+        if (untilSeparator == 0) {
+            *out++ = separatorChar;
+            untilSeparator = 3;
+        }
+        *out++ = i < numDigits ? digits[i] : '0';
+        --untilSeparator;
+    }
+}
+
+}  // namespace
+
+FormatRealFields::FormatRealFields() { clear(); }
+
+void FormatRealFields::clear() {
+    leadingBlanks = 0;
+    isNegative = false;
+    leadingZeroes = 0;
+    numDigits = 0;
+    trailingZeroes = 0;
+    hasDecimalPoint = false;
+    pointPosition = 0;
+    exponentDigits = 0;
+    showExponentSign = false;
+    exponent = 0;
+}
+
+bool FormatRealFields::operator==(const FormatRealFields& other) const {
+    if (leadingBlanks != other.leadingBlanks || isNegative != other.isNegative ||
+        leadingZeroes != other.leadingZeroes || numDigits != other.numDigits ||
+        trailingZeroes != other.trailingZeroes || hasDecimalPoint != other.hasDecimalPoint ||
+        pointPosition != other.pointPosition) {
+        return false;
+    }
+    const int compared = numDigits < 0 ? 0 : (numDigits > DIGIT_CAPACITY ? DIGIT_CAPACITY : numDigits);
+    for (int i = 0; i < compared; ++i) {
+        if (digits[i] != other.digits[i]) {
+            return false;
+        }
+    }
+    return exponentDigits == other.exponentDigits && showExponentSign == other.showExponentSign &&
+           exponent == other.exponent;
+}
+
+bool FormatRealFields::invariant() const {
+    if (leadingBlanks < 0) {
+        return true;  // a record marked as not fitting needs nothing else
+    }
+    const int length = runLength(*this);
+    if (leadingZeroes < 0 || static_cast<unsigned>(numDigits) > DIGIT_CAPACITY || trailingZeroes < 0 ||
+        pointPosition < 0 || pointPosition > length) {
+        return false;
+    }
+    if (!hasDecimalPoint && pointPosition != length) {
+        return false;
+    }
+    if (exponentDigits != 0) {
+        return exponentDigits >= 1 && exponentDigits <= 3;
+    }
+    return exponent == 0;
+}
+
+void FormatRealFields::multPow10(double& value, int power) {
+    if (power > 308) {
+        value *= pow10(308);
+        power -= 308;
+    } else if (power < -307) {
+        value *= pow10(-307);
+        power += 307;
+    }
+    value *= pow10(power);
+}
+
+bool FormatRealFields::writeDigitBuffer(double value, int extraScale, double fuzz) {
+    const int scale = extraScale + leadingZeroes + numDigits - pointPosition - exponent;
+    limbs::DecimalLimbs number(roundedScaledValue(value, scale, fuzz));
+
+    for (int i = numDigits - 1; i >= 0; --i) {
+        digits[i] = field::DIGITS[number.popDigit()];
+    }
+    // Zeros at the low end become trailing zeros rather than stored digits.
+    int lowZeros = 0;
+    while (lowZeros < numDigits && digits[numDigits - 1 - lowZeros] == '0') {
+        ++lowZeros;
+    }
+    trailingZeroes += lowZeros;
+    numDigits -= lowZeros;
+
+    if (number.isZero()) {
+        return true;
+    }
+    // Rounding carried into a new leading digit: the digits taken were all zeros.
+    digits[0] = '1';
+    if (leadingZeroes > 0) {
+        --leadingZeroes;  // a spare leading zero takes the carry: 0.96 becomes 1.0
+        trailingZeroes += numDigits;
+        numDigits = 1;
+        return true;
+    }
+    if (exponentDigits == 0) {
+        trailingZeroes += numDigits;
+        numDigits = 1;
+        ++pointPosition;
+    } else if (pointPosition > 1 && !hasDecimalPoint) {
+        exponent += pointPosition;
+        pointPosition = 1;
+        numDigits = 1;
+        trailingZeroes = 0;
+    } else {
+        trailingZeroes = numDigits + trailingZeroes - 1;
+        numDigits = 1;
+        ++exponent;
+    }
+    return false;
+}
+
+void FormatRealFields::stripTrailingZeroes(bool dropPoint) {
+    if (numDigits < 1) {
+        // Rounded to zero: only the zeros of the integer part stay.
+        if (pointPosition == 0) {
+            pointPosition = 1;
+        }
+        leadingZeroes = pointPosition;
+        trailingZeroes = 0;
+        if (dropPoint) {
+            hasDecimalPoint = false;
+        }
+        return;
+    }
+    const int significant = leadingZeroes + numDigits;
+    const int zerosBeforePoint = pointPosition - significant;
+    if (exponentDigits == 0) {
+        if (zerosBeforePoint < 0) {
+            trailingZeroes = 0;  // the point lies inside the digits and stays
+            return;
+        }
+        trailingZeroes = zerosBeforePoint;
+        if (dropPoint) {
+            hasDecimalPoint = false;
+        }
+        return;
+    }
+    if (zerosBeforePoint > 0) {
+        exponent += zerosBeforePoint;  // the zeros move into the exponent
+        pointPosition = significant;
+    }
+    trailingZeroes = 0;
+    if (zerosBeforePoint >= 0 && dropPoint) {
+        hasDecimalPoint = false;
+    }
+}
+
+void FormatRealFields::useExponentAfterOverflow() {
+    trailingZeroes = 0;
+    hasDecimalPoint = false;
+    exponent = pointPosition - 1;
+    pointPosition = 1;
+    exponentDigits = exponent > 9 ? 2 : 1;
+}
+
+void FormatRealFields::setExponentDigits() {
+    if (exponent >= -9 && exponent <= 9) {
+        exponentDigits = 1;
+    } else if (exponent >= -99 && exponent <= 99) {
+        exponentDigits = 2;
+    } else {
+        exponentDigits = 3;
+    }
+}
+
+void FormatRealFields::outputReal(char*& out, char pointChar, char signChar, NegativePosition where) const {
+    field::blanks(out, leadingBlanks);
+    if (isNegative && where == BEFORE) {
+        *out++ = signChar;
+    }
+    writeDigitRun(*this, out, pointChar);
+    if (exponentDigits != 0) {
+        *out++ = 'E';
+        int shown = exponent;
+        if (showExponentSign) {
+            *out++ = exponent < 0 ? '-' : '+';
+            shown = exponent < 0 ? -exponent : exponent;
+        } else if (shown < 0) {
+            shown = -shown;  // meaningless without the sign flag; keep the digits in range
+        }
+        writeExponentValue(out, shown, exponentDigits);
+    }
+    if (isNegative && where == AFTER) {
+        *out++ = signChar;
+    }
+}
+
+void FormatRealFields::outputSeparatedReal(char*& out, char pointChar, char separatorChar, char signChar) const {
+    field::blanks(out, leadingBlanks);
+    if (isNegative) {
+        *out++ = signChar;
+    }
+    const int p = pointPosition;
+    int firstGroup = 0;
+    switch (p % 3) {
+        case 0:
+            firstGroup = 3;
+            break;
+        case 1:
+        case 2:
+            firstGroup = p % 3;
+            break;
+        default:
+            kivoFail("false", SEPARATED_FAIL_SOURCE, SEPARATED_FAIL_LINE);
+    }
+    if (numDigits >= p) {
+        // The whole integer part is in the digits. The group loop tests its count only after writing a
+        // group, so a short integer part still gets one separator and three more characters: callers
+        // use this routine for integer parts of four digits or more.
+        field::text(out, digits, firstGroup);
+        int written = firstGroup;
+        int groups = (p - 1) / 3;
+        do {
+            *out++ = separatorChar;
+            field::text(out, digits + written, 3);
+            written += 3;
+        } while (--groups > 0);
+        if (hasDecimalPoint) {
+            *out++ = pointChar;
+            field::text(out, digits + p, numDigits - p);
+            field::repeat(out, trailingZeroes, '0');
+        }
+        return;
+    }
+    writeGroupedInteger(out, digits, numDigits, p, firstGroup, separatorChar);
+    if (hasDecimalPoint) {
+        *out++ = pointChar;
+        field::repeat(out, trailingZeroes - (p - numDigits), '0');
+    }
+}
+
+}  // namespace kivo::format
