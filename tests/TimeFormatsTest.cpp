@@ -91,7 +91,12 @@ INSTANTIATE_TEST_SUITE_P(Hour, TimeFormats, testing::Values(
     FieldCase{hourFormat, "HOUR", 2, 0, 34200.0, "10"},   // 9.5 hours gain a digit
     FieldCase{hourFormat, "HOUR", 3, 1, 35820.0, " 10"},  // 9.95: no room left for a decimal
     FieldCase{hourFormat, "HOUR", 3, 1, 35819.0, "9.9"},
-    FieldCase{hourFormat, "HOUR", 4, 1, 35820.0, "10.0"}));
+    FieldCase{hourFormat, "HOUR", 4, 1, 35820.0, "10.0"},
+    // Hours longer than the width: exponent form, or stars when even that does not fit.
+    FieldCase{hourFormat, "HOUR", 3, 0, 3600000.0, "1E3"},
+    FieldCase{hourFormat, "HOUR", 3, 1, -3600000.0, "1E3"},
+    FieldCase{hourFormat, "HOUR", 6, 0, 5.5e11, "1.53E8"},
+    FieldCase{hourFormat, "HOUR", 2, 0, 360000.0, "**"}));
 
 constexpr double T9_05_30 = 9 * 3600 + 5 * 60 + 30;
 constexpr double T13_45_30 = 13 * 3600 + 45 * 60 + 30;

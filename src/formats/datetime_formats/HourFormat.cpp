@@ -2,7 +2,9 @@
 
 #include "formats/datetime_formats/TimeFieldWriting.h"
 #include "kivo/Formats.h"
+#include "kivo/format/FormatRealFields.h"
 #include "kivo/format/Missing.h"
+#include "kivo/format/RealLayouts.h"
 #include "kivo/format/datetime/TimeWriters.h"
 
 // HOUR: a duration as hours with a decimal fraction. The sign is not shown. Hours that do not fit the
@@ -17,13 +19,17 @@ int shownDecimals(int width, int integerDigits, int decimals) noexcept {
     return width - used < decimals ? width - used : decimals;
 }
 
-// Hours whose integer part is longer than the width: exponent form, or "*" when even that is too long.
+// Hours whose integer part is longer than the width: the blank layout for large reals writes them in
+// exponent form in exactly the width, or marks them as not fitting, and then the field is "*".
 void writeHoursBeyondWidth(char* field, int width, double hours, int exponent) noexcept {
-    // The exponent form comes with the real field layouts; until they are part of the library the
-    // field shows that the value does not fit.
-    (void)hours;
-    (void)exponent;
-    field::stars(field, width);
+    FormatRealFields record;
+    getLargeRealForBlankFormat(hours, width, exponent, record);
+    if (record.leadingBlanks < 0) {
+        field::stars(field, width);
+        return;
+    }
+    char* out = field;
+    record.outputReal(out, '.', '-', FormatRealFields::BEFORE);
 }
 
 void writeHours(char* field, int width, int decimals, double value) noexcept {
