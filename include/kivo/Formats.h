@@ -23,4 +23,20 @@ KIVO_EXPORT int weekdayFormat(char* field, int width, int decimals, double value
 KIVO_EXPORT int yearFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int dtyearFormat(char* field, int width, int decimals, double value);
 
+// Times and durations: the decimals are the digits shown after the point of the last component.
+KIVO_EXPORT int timeFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int hhmmFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmssFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int hourFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int todFormat(char* field, int width, int decimals, double value);
+
+// Twelve-hour times and datetimes. MDYAMPM and DMYAMPM use the decimals only to place the missing
+// character; the others show them as decimals of the second.
+KIVO_EXPORT int timeampmFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int datetimeFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int dateampmFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mdyampmFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int dmyampmFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mondytmFormat(char* field, int width, int decimals, double value);
+
 }  // extern "C"

@@ -45,6 +45,17 @@ expect "PERCENT" 0 " 12.35%
 (50.00%)" -- "$KIVODT" format PERCENT8.2 0.12345 -0.5
 expect "bad option value" 2 "" -- "$KIVODT" --datestyle xyz format DATE9. 0
 
+expect "TIME12.3" 0 "12:34:56.789" -- "$KIVODT" format TIME12.3 45296.789
+expect "TIME default width, negative" 0 " 0:00:00
+-1:00:00" -- "$KIVODT" format time 0 -3600
+expect "DATETIME default width" 0 "17MAR21:13:45:30" -- "$KIVODT" format DATETIME 1931607930.25
+expect "DATETIME22.2" 0 " 17MAR2021:13:45:30.25" -- "$KIVODT" format DATETIME22.2 1931607930.25
+expect "HHMM bare point" 0 "1:30." -- "$KIVODT" format HHMM5.1 5400
+expect "TIMEAMPM11." 0 " 1:45:30 PM" -- "$KIVODT" format TIMEAMPM11. 49530
+expect "MDYAMPM missing position" 0 "       .  " -- "$KIVODT" format MDYAMPM10.2 .
+expect "MONDYTM below its widths" 2 "" -- "$KIVODT" format MONDYTM19. 0
+expect "TIME decimals not below the width" 2 "" -- "$KIVODT" format TIME4.4 0
+
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))
 fi

@@ -1,0 +1,116 @@
+#include "formats/datetime_formats/TimeFieldWriting.h"
+#include "kivo/Formats.h"
+#include "kivo/format/datetime/DateWriters.h"
+#include "kivo/format/datetime/TimeWriters.h"
+
+// DATETIME: the DATE layout, a colon and the 24-hour time, as in 17MAR2021:13:45:30.25. The width picks
+// the two- or four-digit year and how much of the time is shown.
+namespace kivo::format::datetime {
+
+namespace {
+
+using timefield::Clock;
+
+// DATE at width 7 (two-digit year) and 9 (four-digit year).
+constexpr int SHORT_DATE = 7;
+constexpr int LONG_DATE = 9;
+// Four-digit date, ":hh:mm:ss".
+constexpr int LONG_DATE_AND_CLOCK = 18;
+// ":hh:mm:ss." after the date.
+constexpr int CLOCK_WITH_POINT = 10;
+// Seconds from here on, rounded, are shown as 24:00:00 at the last minute of the day.
+constexpr double LAST_SECOND_SHOWN_AS_DAY_END = 59.99999999;
+
+struct DateChoice {
+    int dateWidth;
+    int blanks;
+};
+
+// Widths 10 to 18 take 0, 1 and 2 leading blanks in turn as the time grows by hours, minutes, seconds.
+DateChoice shortDateInTurn(int width) noexcept { return {SHORT_DATE, (width + 2) % 3}; }
+
+DateChoice chooseDate(int width, int decimals) noexcept {
+    if (decimals == 0) {
+        if (width > LONG_DATE_AND_CLOCK) {
+            return {LONG_DATE, width - LONG_DATE_AND_CLOCK};
+        }
+        return width == LONG_DATE ? DateChoice{LONG_DATE, 0} : shortDateInTurn(width);
+    }
+    if (width > decimals + LONG_DATE_AND_CLOCK) {
+        return {LONG_DATE, width - decimals - LONG_DATE_AND_CLOCK - 1};
+    }
+    if (width != LONG_DATE && width > 15) {
+        return {SHORT_DATE, width == decimals + LONG_DATE_AND_CLOCK ? 1 : 0};
+    }
+    return width == LONG_DATE ? DateChoice{LONG_DATE, 0} : shortDateInTurn(width);
+}
+
+// Rounds the seconds for the decimals that fit (k); when the width cuts the decimals asked for, the
+// rounding is done one digit below the last one shown and the shown digits are truncated.
+void roundSeconds(Clock& clock, int fit, int decimals) noexcept {
+    double s = clock.seconds;
+    if (fit >= 0) {
+        s += timefield::halfUnit(decimals <= fit ? decimals : fit + 1);
+    } else {
+        s += 0.5;
+    }
+    s *= timefield::ROUNDING_NUDGE;
+    if (s >= 60.0) {
+        clock.carrySeconds();
+        clock.carryMinutes();
+    } else if (s >= LAST_SECOND_SHOWN_AS_DAY_END && clock.minutes == 59 && clock.hours == 23) {
+        clock = {24, 0, 0.0};
+    } else {
+        clock.seconds = s;
+    }
+}
+
+void writeDatetime(const Datetime& datetime, char* field, char*& out, int width, int decimals) noexcept {
+    const DateChoice choice = chooseDate(width, decimals);
+    Date date = datetime.date();
+    double seconds = datetime.timeOfDay().totalSeconds();
+    if (seconds >= timefield::DAY_END_LIMIT) {
+        date += DateDuration(1);
+        seconds = 0.0;
+        if (!date.isValid()) {
+            // The next day lies beyond the calendar: the value cannot be shown.
+            field::stars(field, width);
+            return;
+        }
+    }
+    field::blanks(out, choice.blanks);
+    doDateFormat(date, out, choice.dateWidth);
+
+    const int rest = width - choice.blanks - choice.dateWidth;
+    if (rest <= 0) {
+        return;
+    }
+    *out++ = ':';
+    Clock clock = Clock::of(seconds);
+    const int fit = rest - CLOCK_WITH_POINT;
+    roundSeconds(clock, fit, decimals);
+    field::twoDigits(out, clock.hours);
+    if (rest > 5) {
+        *out++ = ':';
+        field::twoDigits(out, clock.minutes);
+    }
+    if (rest > 8) {
+        *out++ = ':';
+        if (rest == 9) {
+            field::twoDigits(out, static_cast<int>(clock.seconds));
+        } else {
+            writeRealNumber(out, clock.seconds, 2, fit);
+        }
+    }
+}
+
+}  // namespace
+
+}  // namespace kivo::format::datetime
+
+extern "C" int datetimeFormat(char* field, int width, int decimals, double value) {
+    return kivo::format::datetime::timefield::withDatetime(
+        field, width, 0, value, [&](const kivo::Datetime& datetime, char*& out) {
+            kivo::format::datetime::writeDatetime(datetime, field, out, width, decimals);
+        });
+}

@@ -1,0 +1,121 @@
+#include "formats/datetime_formats/TimeFieldWriting.h"
+#include "kivo/Formats.h"
+#include "kivo/format/datetime/TimeWriters.h"
+#include "kivox/Names.h"
+
+// MONDYTM: month abbreviation, day, year and a twelve-hour time, as in MAR 17 2021 01:45:30 PM. The
+// date is taken before the day-end rounding, so the last instant of a day prints as 12:00 AM of that
+// same date.
+namespace kivo::format::datetime {
+
+namespace {
+
+using timefield::Clock;
+
+constexpr int LARGEST_FOUR_DIGIT_YEAR = 9999;
+
+// "MAR 7 2021 " (one-digit day) and "hh:mm", " PM".
+constexpr int DATE_AND_MINUTES = 19;
+// The same with ":ss".
+constexpr int DATE_AND_SECONDS = 22;
+
+enum Level { MINUTES = 1, SECONDS = 2, DECIMALS = 3 };
+
+struct Layout {
+    int level;
+    int blanks;
+    int decimalsShown;
+};
+
+Layout chooseLayout(int width, int dayExtraDigit, int decimals) noexcept {
+    const int room = width - dayExtraDigit;
+    if (room - DATE_AND_MINUTES < 3) {
+        return {MINUTES, room - DATE_AND_MINUTES, 0};
+    }
+    if (decimals != 0 && room - DATE_AND_SECONDS > 1) {
+        const int fit = room - DATE_AND_SECONDS - 1;
+        const int shown = decimals < fit ? decimals : fit;
+        return {DECIMALS, fit - shown, shown};
+    }
+    return {SECONDS, room - DATE_AND_SECONDS, 0};
+}
+
+double dayEndLimit(int decimals) noexcept {
+    if (decimals == 0) {
+        return timefield::DAY_END_LIMIT - 0.5;
+    }
+    return decimals == 1 ? timefield::DAY_END_LIMIT - 0.05 : timefield::DAY_END_LIMIT;
+}
+
+void writeDate(char*& out, const Date::YMD& ymd) noexcept {
+    field::text(out, Month::upperShortName(ymd.month), 3);
+    *out++ = ' ';
+    if (ymd.day < 10) {
+        field::digit(out, ymd.day);
+    } else {
+        field::twoDigits(out, ymd.day);
+    }
+    *out++ = ' ';
+    field::fourDigits(out, ymd.year);
+    *out++ = ' ';
+}
+
+void roundSeconds(Clock& clock, const Layout& layout, int decimals) noexcept {
+    double s = clock.seconds;
+    if (layout.level == MINUTES) {
+        s += 0.50000001;
+    } else if (layout.level == SECONDS) {
+        s += 0.5;
+    } else {
+        s += timefield::halfUnit(decimals <= layout.decimalsShown ? decimals : layout.decimalsShown + 1);
+    }
+    clock.seconds = s * timefield::ROUNDING_NUDGE;
+    if (clock.seconds >= 60.0) {
+        clock.carrySeconds();
+    }
+    clock.carryMinutes();
+}
+
+void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
+    field::twoDigits(out, timefield::twelveHour(clock.hours));
+    *out++ = ':';
+    field::twoDigits(out, clock.minutes);
+    if (layout.level == SECONDS) {
+        *out++ = ':';
+        field::twoDigits(out, static_cast<int>(clock.seconds));
+    } else if (layout.level == DECIMALS) {
+        *out++ = ':';
+        writeRealNumber(out, clock.seconds, 2, layout.decimalsShown);
+    }
+    timefield::meridiem(out, clock.hours >= 12 && clock.hours <= 23);
+}
+
+void writeMondytm(const Datetime& datetime, char* field, char*& out, int width, int decimals) noexcept {
+    const Date::YMD ymd = datetime.date().yearMonthDay();
+    if (ymd.year > LARGEST_FOUR_DIGIT_YEAR) {
+        field::stars(field, width);
+        return;
+    }
+    const Layout layout = chooseLayout(width, ymd.day > 9 ? 1 : 0, decimals);
+    double seconds = datetime.timeOfDay().totalSeconds();
+    if (seconds >= dayEndLimit(decimals)) {
+        // Midnight of the next day, but the date already taken stays as it is.
+        seconds = 0.0;
+    }
+    field::blanks(out, layout.blanks);
+    writeDate(out, ymd);
+    Clock clock = Clock::of(seconds);
+    roundSeconds(clock, layout, decimals);
+    writeTime(out, clock, layout);
+}
+
+}  // namespace
+
+}  // namespace kivo::format::datetime
+
+extern "C" int mondytmFormat(char* field, int width, int decimals, double value) {
+    return kivo::format::datetime::timefield::withDatetime(
+        field, width, 0, value, [&](const kivo::Datetime& datetime, char*& out) {
+            kivo::format::datetime::writeMondytm(datetime, field, out, width, decimals);
+        });
+}
