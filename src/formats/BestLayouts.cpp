@@ -172,15 +172,7 @@ void getMediumRealForBestFormat(double x, int width, int e, FormatRealFields& fi
 
 void getLargeRealForBestFormat(double x, int width, int e, FormatRealFields& fields) {
     const ExponentRow row = largeRealRow(x, width, e, false);
-    if (row.digits == 0) {
-        markDoesNotFit(fields);
-        return;
-    }
-    planExponentRow(fields, row, false);
-    fields.writeDigitBuffer(x, 0, FUZZ);
-    fields.stripTrailingZeroes(true);
-    fields.setExponentDigits();
-    fitToWidth(fields, width);
+    layOutExponentRow(fields, row, false, x, width, FUZZ);
 }
 
 void getRealForBestFormat(double x, int width, FormatRealFields& fields) {

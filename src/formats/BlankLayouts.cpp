@@ -74,15 +74,7 @@ void getMediumRealForBlankFormat(double x, int width, int decimals, int e, Forma
 
 void getLargeRealForBlankFormat(double x, int width, int e, FormatRealFields& fields) {
     const ExponentRow row = largeRealRow(x, width, e, true);
-    if (row.digits == 0) {
-        markDoesNotFit(fields);
-        return;
-    }
-    planExponentRow(fields, row, false);
-    fields.writeDigitBuffer(x, 0, FUZZ);
-    fields.stripTrailingZeroes(true);
-    fields.setExponentDigits();
-    fitToWidth(fields, width);
+    layOutExponentRow(fields, row, false, x, width, FUZZ);
 }
 
 void getRealForBlankFormat(double x, int width, int decimals, FormatRealFields& fields) {

@@ -21,15 +21,7 @@ void getSmallRealForPercentFormat(double x, int width, int e, FormatRealFields& 
     } else {
         row = smallBestRow(width, e);
     }
-    if (row.digits == 0) {
-        markDoesNotFit(fields);
-        return;
-    }
-    planExponentRow(fields, row, true);
-    fields.writeDigitBuffer(x, 0, E_FUZZ);
-    fields.stripTrailingZeroes(true);
-    fields.setExponentDigits();
-    fitToWidth(fields, width);
+    layOutExponentRow(fields, row, true, x, width, E_FUZZ);
 }
 
 void getRealForPercentFormat(double x, int width, int decimals, FormatRealFields& fields) {

@@ -49,6 +49,21 @@ inline void planExponentRow(FormatRealFields& f, const ExponentRow& row, bool si
     f.setExponentDigits();
 }
 
+// A whole exponent-form layout: "does not fit" for a row without digits, else the row planned, its
+// digits rounded in, trailing zeros given up and the exponent sized for the field.
+inline void layOutExponentRow(FormatRealFields& f, const ExponentRow& row, bool signedExponent, double x, int width,
+                              double fuzz) {
+    if (row.digits == 0) {
+        markDoesNotFit(f);
+        return;
+    }
+    planExponentRow(f, row, signedExponent);
+    f.writeDigitBuffer(x, 0, fuzz);
+    f.stripTrailingZeroes(true);
+    f.setExponentDigits();
+    fitToWidth(f, width);
+}
+
 // A fixed plan: `places` characters of the run after the leading zeros, of which at most
 // max(integer places, FIXED_DIGITS) are significant digits and the rest trailing zeros.
 inline void planFixedPlaces(FormatRealFields& f, int places) {
