@@ -55,6 +55,17 @@ expect "TIMEAMPM11." 0 " 1:45:30 PM" -- "$KIVODT" format TIMEAMPM11. 49530
 expect "MDYAMPM missing position" 0 "       .  " -- "$KIVODT" format MDYAMPM10.2 .
 expect "MONDYTM below its widths" 2 "" -- "$KIVODT" format MONDYTM19. 0
 expect "TIME decimals not below the width" 2 "" -- "$KIVODT" format TIME4.4 0
+expect "ANYDTDTE layouts" 0 "14624
+14624
+14624
+14624
+0
+." -- "$KIVODT" informat ANYDTDTE. 15JAN2000 2000-01-15 20000115 2000-01-15T10:30:00 "10:30 PM" JANUARY2000
+expect "ANYDTDTE date style" 0 "15737
+15707" -- sh -c "'$KIVODT' --datestyle dmy informat ANYDTDTE 01/02/2003 && '$KIVODT' --datestyle mdy informat ANYDTDTE 01/02/2003"
+expect "ANYDTTME and ANYDTDTM" 0 "48600
+-5400
+1263551400" -- sh -c "'$KIVODT' informat ANYDTTME '1:30 PM' -1:30 && '$KIVODT' informat ANYDTDTM 2000-01-15T10:30:00"
 
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))

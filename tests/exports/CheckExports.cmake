@@ -13,8 +13,9 @@ foreach(line IN LISTS nm_lines)
   if(line MATCHES "^[0-9a-fA-F]+ [A-Za-z] (.+)$")
     set(name "${CMAKE_MATCH_1}")
     # The vptr checks of UndefinedBehaviorSanitizer pull in weak copies of the host services' type
-    # information; they belong to the instrumentation, not to the library.
-    if(SANITIZED AND name MATCHES "^typeinfo (name )?for kivo::")
+    # information, and AddressSanitizer adds an "__odr_asan." indicator beside every exported variable;
+    # they belong to the instrumentation, not to the library.
+    if(SANITIZED AND (name MATCHES "^typeinfo (name )?for kivo::" OR name MATCHES "^__odr_asan\\."))
       continue()
     endif()
     list(APPEND actual "${name}")

@@ -1,0 +1,132 @@
+// The free-form reader's scanner, separator table, date-time joint and date style.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "formats/datetime_formats/AnydtDateStyle.h"
+#include "formats/datetime_formats/AnydtParseInfo.h"
+#include "kivo/AnydtInformats.h"
+#include "kivo/DefaultSeparators.h"
+#include "kivox/Services.h"
+
+namespace {
+
+using namespace kivo::anydt;
+
+struct ScanCase {
+    std::string field;
+    bool accepted;
+    int monthIndex;
+    std::vector<std::int64_t> values;
+    std::vector<std::uint32_t> separators;  // slots 0..valCount
+};
+
+const ScanCase SCAN_CASES[] = {
+    {"12JAN2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_NONE, ST_NONE, ST_NONE}},
+    {"12 JAN 2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_BLANK_SEP, ST_BLANK_SEP, ST_NONE}},
+    {"12  JAN\t2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_BLANK_BEFORE, ST_BLANK_BEFORE, ST_NONE}},
+    {"2000-01-15T10:30", true, -1, {2000, 1, 15, 10, 30}, {0, ST_DASH, ST_DASH, ST_BLANK_SEP, ST_COLON, 0}},
+    {"10:30 pm", true, -1, {10, 30}, {0, ST_COLON, ST_PM | ST_BLANK_BEFORE}},
+    {"10:30P", true, -1, {10, 30}, {0, ST_COLON, ST_PM}},
+    {"9a", true, -1, {9}, {0, ST_AM}},
+    // One blank in front makes the run a blank separator even with punctuation after it; two do not.
+    {"1 - 2", true, -1, {1, 2}, {0, ST_BLANK_SEP, 0}},
+    {"1  - 2", true, -1, {1, 2}, {0, ST_DASH | ST_BLANK_BEFORE | ST_BLANK_AFTER, 0}},
+    {"1,2,3", true, -1, {1, 2, 3}, {0, 0x42C, 0x42C, 0}},
+    {"1-/2", true, -1, {1, 2}, {0, ST_MULTI, 0}},
+    {"1\xE9" "2", true, -1, {1, 2}, {0, ST_PUNCT | 0xE9, 0}},
+    {"Septemberx5", false, 0, {}, {}},
+    {"sept 5", true, 0, {9, 5}, {0, ST_BLANK_SEP, 0}},
+    {"JA 2000", false, 0, {}, {}},
+    {"MAYBE", false, 0, {}, {}},
+    {"JAN FEB", false, 0, {}, {}},
+    {"1 2 3 4 5 6 7", true, -1, {1, 2, 3, 4, 5, 6, 7}, {0, ST_BLANK_SEP, ST_BLANK_SEP, ST_BLANK_SEP, ST_BLANK_SEP,
+                                                         ST_BLANK_SEP, ST_BLANK_SEP, 0}},
+    {"1 2 3 4 5 6 7 8", false, 0, {}, {}},
+    {"9223372036854775807", true, -1, {9223372036854775807LL}, {0, 0}},
+    {"9223372036854775808", false, 0, {}, {}},
+    {"12T-5", false, 0, {}, {}},
+    {"", true, -1, {}, {0}},
+};
+
+TEST(AnydtScanner, ClassifiesValuesAndSeparators) {
+    for (const ScanCase& c : SCAN_CASES) {
+        ParseInfo pi;
+        int monthIndex = 0;
+        const char* begin = c.field.data();
+        ASSERT_EQ(scanField(begin, begin + c.field.size(), pi, monthIndex), c.accepted) << c.field;
+        if (!c.accepted) {
+            continue;
+        }
+        EXPECT_EQ(monthIndex, c.monthIndex) << c.field;
+        ASSERT_EQ(pi.valCount, static_cast<int>(c.values.size())) << c.field;
+        for (int k = 0; k < pi.valCount; ++k) {
+            EXPECT_EQ(pi.value[k], c.values[static_cast<std::size_t>(k)]) << c.field << " value " << k;
+        }
+        for (int k = 0; k <= pi.valCount; ++k) {
+            EXPECT_EQ(pi.sepType[k], c.separators[static_cast<std::size_t>(k)]) << c.field << " slot " << k;
+        }
+    }
+}
+
+TEST(AnydtScanner, LengthsCoverTheWholeField) {
+    const std::string field = "sept 05, 2000 10:30";
+    ParseInfo pi;
+    int monthIndex = -1;
+    ASSERT_TRUE(scanField(field.data(), field.data() + field.size(), pi, monthIndex));
+    int covered = 0;
+    for (int k = 0; k < pi.valCount; ++k) {
+        covered += pi.sepLength[k] + pi.valLength[k];
+    }
+    EXPECT_EQ(covered + pi.sepLength[pi.valCount], static_cast<int>(field.size()));
+    EXPECT_EQ(pi.valLength[0], 4);
+}
+
+TEST(AnydtScanner, DatetimeJoint) {
+    const std::pair<const char*, bool> cases[] = {{"", true}, {"  ", true}, {" : ", true}, {"/-", true},
+                                                  {"/ -", true}, {"T", false}, {"::", false}, {"/--", false}};
+    for (const auto& [text, expected] : cases) {
+        EXPECT_EQ(kivo::isDatetimeSeparator(text, text + std::string(text).size()), expected) << '"' << text << '"';
+    }
+}
+
+TEST(AnydtScanner, SeparatorTableHoldsExactlyTheListedCharacters) {
+    const std::string listed = " !#$%&()*+-./:;<=>?[\\]^_{|}~";
+    for (int c = 0; c < 256; ++c) {
+        const bool expected = listed.find(static_cast<char>(c)) != std::string::npos;
+        EXPECT_EQ(kivo::DefaultSeparators::SEPARATORS_TABLE[c], expected ? 1 : 0) << c;
+    }
+}
+
+class DateStyleTest : public ::testing::Test {
+protected:
+    void SetUp() override { previous_ = kivo::ServiceLocator::setCurrent(&locator_); }
+    void TearDown() override { kivo::ServiceLocator::setCurrent(previous_); }
+    kivo::ServiceLocator locator_;
+    kivo::ServiceLocator* previous_ = nullptr;
+};
+
+TEST_F(DateStyleTest, ReadsTheOptionAndTheLocale) {
+    const std::pair<const char*, DateStyle> cases[] = {{"dmy", DMY}, {"DYM", DYM}, {"Mdy", MDY},
+                                                       {"myd", MYD}, {"ydm", YDM}, {"yMD", YMD}};
+    for (const auto& [text, style] : cases) {
+        locator_.systemOptions().setOption("datestyle", text);
+        EXPECT_EQ(readDateStyle(), style) << text;
+    }
+    locator_.systemOptions().setOption("datestyle", "LOCALE");
+    locator_.nationalLanguageSupport().setDateStyle("ydm");
+    EXPECT_EQ(readDateStyle(), YDM);
+}
+
+TEST_F(DateStyleTest, IllegalStylesStopTheProcess) {
+    for (const char* text : {"md", "mdyx", "", "dmy "}) {
+        locator_.systemOptions().setOption("datestyle", text);
+        EXPECT_DEATH(readDateStyle(), "illegal datestyle.*AnydtInformats.*77") << '"' << text << '"';
+    }
+    locator_.systemOptions().setOption("datestyle", "locale");
+    locator_.nationalLanguageSupport().setDateStyle("");
+    EXPECT_DEATH(readDateStyle(), "illegal datestyle");
+}
+
+}  // namespace
