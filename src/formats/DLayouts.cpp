@@ -112,15 +112,9 @@ int dFormatDigitsAfterPoint(int width, int decimals, int e, bool negative) {
     return r > 0 ? r : -1;
 }
 
+// The small D layout is the small BEST layout.
 void getSmallRealForDFormat(double x, int width, int e, FormatRealFields& fields) {
-    const ExponentRow row = smallBestRow(width, e);
-    if (row.digits == 0) {
-        markDoesNotFit(fields);
-        return;
-    }
-    planExponentRow(fields, row, true);
-    const bool carried = !fields.writeDigitBuffer(x, 0, FUZZ);
-    finishSmallBest(fields, width, carried);
+    getSmallRealForBestFormat(x, width, e, fields);
 }
 
 bool getMediumRealForDFormat(double x, int width, int decimals, int e, int digitsAfterPoint,

@@ -39,68 +39,63 @@ bool anydtInformats(const char* text, int width, int, int, double& result, Anydt
 
 }  // namespace kivo
 
+namespace {
+
+// The steps the three informats share: read the field, store the missing value when nothing could be
+// read, else what `convert(value, type)` makes of the reading. They always report success.
+template <class Convert>
+int readAndConvert(const char* text, int width, int length, int decimals, double* result, Convert convert) noexcept {
+    double value = 0.0;
+    kivo::AnydtType type = kivo::ANYDT_DATETIME;
+    *result = kivo::anydtInformats(text, width, length, decimals, value, type) ? convert(value, type)
+                                                                                : kivo::lum_numeric::MISSING;
+    return 1;
+}
+
+}  // namespace
+
 extern "C" {
 
 int anydtdteInformat(const char* text, int width, int length, int decimals, double* result) {
-    double value = 0.0;
-    kivo::AnydtType type = kivo::ANYDT_DATETIME;
-    if (!kivo::anydtInformats(text, width, length, decimals, value, type)) {
-        *result = kivo::lum_numeric::MISSING;
-        return 1;
-    }
-    switch (type) {
-        case kivo::ANYDT_DATE:
-            *result = value;
-            break;
-        case kivo::ANYDT_DATETIME:
-            *result = kivo::dateOfDatetime(value);
-            break;
-        case kivo::ANYDT_TIME:
-        case kivo::ANYDT_MISSING:
-            // A date reader given a time or "." reads day 0 rather than a missing value.
-            *result = 0.0;
-            break;
-    }
-    return 1;
+    return readAndConvert(text, width, length, decimals, result, [](double value, kivo::AnydtType type) {
+        switch (type) {
+            case kivo::ANYDT_DATE:
+                return value;
+            case kivo::ANYDT_DATETIME:
+                return kivo::dateOfDatetime(value);
+            case kivo::ANYDT_TIME:
+            case kivo::ANYDT_MISSING:
+                break;
+        }
+        // A date reader given a time or "." reads day 0 rather than a missing value.
+        return 0.0;
+    });
 }
 
 int anydtdtmInformat(const char* text, int width, int length, int decimals, double* result) {
-    double value = 0.0;
-    kivo::AnydtType type = kivo::ANYDT_DATETIME;
-    if (!kivo::anydtInformats(text, width, length, decimals, value, type)) {
-        *result = kivo::lum_numeric::MISSING;
-        return 1;
-    }
-    if (type == kivo::ANYDT_DATE) {
-        *result = value > kivo::LARGEST_DATETIME_DAY ? kivo::lum_numeric::MISSING
-                                                     : value * static_cast<double>(kivo::SECONDS_PER_DAY);
-    } else {
+    return readAndConvert(text, width, length, decimals, result, [](double value, kivo::AnydtType type) {
+        if (type == kivo::ANYDT_DATE) {
+            return value > kivo::LARGEST_DATETIME_DAY ? kivo::lum_numeric::MISSING
+                                                      : value * static_cast<double>(kivo::SECONDS_PER_DAY);
+        }
         // Datetimes, times (kept as seconds) and missing values pass through.
-        *result = value;
-    }
-    return 1;
+        return value;
+    });
 }
 
 int anydttmeInformat(const char* text, int width, int length, int decimals, double* result) {
-    double value = 0.0;
-    kivo::AnydtType type = kivo::ANYDT_DATETIME;
-    if (!kivo::anydtInformats(text, width, length, decimals, value, type)) {
-        *result = kivo::lum_numeric::MISSING;
-        return 1;
-    }
-    switch (type) {
-        case kivo::ANYDT_DATE:
-            *result = 0.0;
-            break;
-        case kivo::ANYDT_DATETIME:
-            *result = kivo::timeOfDatetime(value);
-            break;
-        case kivo::ANYDT_TIME:
-        case kivo::ANYDT_MISSING:
-            *result = value;
-            break;
-    }
-    return 1;
+    return readAndConvert(text, width, length, decimals, result, [](double value, kivo::AnydtType type) {
+        switch (type) {
+            case kivo::ANYDT_DATE:
+                return 0.0;
+            case kivo::ANYDT_DATETIME:
+                return kivo::timeOfDatetime(value);
+            case kivo::ANYDT_TIME:
+            case kivo::ANYDT_MISSING:
+                break;
+        }
+        return value;
+    });
 }
 
 }  // extern "C"
