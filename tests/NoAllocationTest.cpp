@@ -39,6 +39,9 @@ void operator delete(void* block, const std::nothrow_t&) noexcept { std::free(bl
 namespace {
 
 TEST(NoAllocation, FormatsAndInformatsNeverAllocate) {
+#ifdef __SANITIZE_THREAD__
+    GTEST_SKIP() << "ThreadSanitizer keeps its own operator new, so this count would see nothing";
+#endif
     const double values[] = {0.0,  22356.0, -17321.5, 45296.789, 1931607930.25, -3600.0, 9.96,  1e15,     -1e-300,
                              1e300, 6589340, -138061, 569600000000.0, kivo::lum_numeric::MISSING, NAN, INFINITY};
     const char* texts[] = {"15JAN2000", "2000-01-15T10:30:00", "10:30 PM", "01/02/2003", ".", "", "garbage!!",

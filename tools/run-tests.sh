@@ -1,6 +1,7 @@
 #!/bin/sh
 # Builds and runs every test: the debug build, then the whole suite again under AddressSanitizer and
-# UndefinedBehaviorSanitizer, then each libFuzzer target for a bounded time (FUZZ_SECONDS, default 60).
+# UndefinedBehaviorSanitizer, then under ThreadSanitizer, then each libFuzzer target for a bounded time
+# (FUZZ_SECONDS, default 60).
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -11,6 +12,10 @@ ctest --preset debug
 cmake --preset asan
 cmake --build --preset asan
 ctest --preset asan
+
+cmake --preset tsan
+cmake --build --preset tsan
+ctest --preset tsan
 
 if [ -x tools/run-fuzzers.sh ]; then
     tools/run-fuzzers.sh "${FUZZ_SECONDS:-60}"
