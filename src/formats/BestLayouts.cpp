@@ -180,24 +180,12 @@ void getRealForBestFormat(double x, int width, FormatRealFields& fields) {
         getZeroRealRightAligned(width, fields);
         return;
     }
-    bool negative = false;
-    int available = width;
-    if (width == 1) {
-        if (x < 0.0) {
-            if (x > -0.5) {
-                fields.numDigits = 1;
-                fields.pointPosition = 1;
-                fields.digits[0] = '0';
-            } else {
-                markDoesNotFit(fields);
-            }
-            return;
-        }
-    } else if (x < 0.0) {
-        available = width - 1;
-        x = -x;
-        negative = true;
+    if (width == 1 && x < 0.0) {
+        layOutOneCharacterNegative(x, fields);
+        return;
     }
+    const auto [magnitude, available, negative] = takeSign(x, width);
+    x = magnitude;
     const int e = floorLog10(x);
     if (available > 4 && e < atLeast(2 - available, -5)) {
         getSmallRealForBestFormat(x, available, e, fields);

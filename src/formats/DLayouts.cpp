@@ -138,21 +138,11 @@ void getRealForDFormat(double x, int width, int decimals, FormatRealFields& fiel
         return;
     }
     if (width == 1 && x < 0.0) {
-        if (x > -0.5) {
-            fields.numDigits = 1;
-            fields.pointPosition = 1;
-            fields.digits[0] = '0';
-        } else {
-            markDoesNotFit(fields);
-        }
+        layOutOneCharacterNegative(x, fields);
         return;
     }
-    const bool negative = x < 0.0;
-    int available = width;
-    if (negative) {
-        available = width - 1;
-        x = -x;
-    }
+    const auto [magnitude, available, negative] = takeSign(x, width);
+    x = magnitude;
     int e = floorLog10(x);
     if (e < 308 && x >= NEXT_POWER_MARGIN * pow10(e + 1)) {
         x = pow10(e + 1);

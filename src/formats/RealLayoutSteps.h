@@ -49,6 +49,28 @@ inline void planExponentRow(FormatRealFields& f, const ExponentRow& row, bool si
     f.setExponentDigits();
 }
 
+// A negative value in a one-character field, where no sign fits: "0" when it rounds to zero, else it
+// does not fit.
+inline void layOutOneCharacterNegative(double x, FormatRealFields& f) {
+    if (x > -0.5) {
+        f.numDigits = 1;
+        f.pointPosition = 1;
+        f.digits[0] = '0';
+    } else {
+        markDoesNotFit(f);
+    }
+}
+
+// The magnitude to lay out and the places left for it once a negative value's sign has its place.
+struct SignedPlaces {
+    double magnitude;
+    int available;
+    bool negative;
+};
+inline SignedPlaces takeSign(double x, int width) {
+    return x < 0.0 ? SignedPlaces{-x, width - 1, true} : SignedPlaces{x, width, false};
+}
+
 // A whole exponent-form layout: "does not fit" for a row without digits, else the row planned, its
 // digits rounded in, trailing zeros given up and the exponent sized for the field.
 inline void layOutExponentRow(FormatRealFields& f, const ExponentRow& row, bool signedExponent, double x, int width,
