@@ -64,6 +64,18 @@ inline void fourDigits(char*& out, int value) noexcept {
     out += 4;
 }
 
+// The largest year that four year positions hold.
+inline constexpr int LARGEST_FOUR_DIGIT_YEAR = 9999;
+
+// A year in four positions: 2021 as "2021", a year past 9999 as "****".
+inline void fourDigitYearOrStars(char*& out, int year) noexcept {
+    if (year > LARGEST_FOUR_DIGIT_YEAR) {
+        repeat(out, 4, '*');
+    } else {
+        fourDigits(out, year);
+    }
+}
+
 // value 0..99999 as five digits.
 inline void fiveDigits(char*& out, int value) noexcept {
     digit(out, value / 10000);

@@ -4,7 +4,7 @@
 
 #include "formats/DecimalLimbs.h"
 #include "formats/FieldWriting.h"
-#include "kivox/Fail.h"
+#include "formats/FormatRealFieldsFailures.h"
 #include "kivox/Numbers.h"
 
 namespace kivo::format {
@@ -12,10 +12,6 @@ namespace kivo::format {
 namespace {
 
 constexpr int DIGIT_CAPACITY = 32;
-
-// The failure report of the grouping routine names this source and this line.
-constexpr const char* SEPARATED_FAIL_SOURCE = "src/formats/FormatRealFields";
-constexpr int SEPARATED_FAIL_LINE = 318;
 
 int runLength(const FormatRealFields& f) { return f.leadingZeroes + f.numDigits + f.trailingZeroes; }
 
@@ -287,7 +283,7 @@ void FormatRealFields::outputSeparatedReal(char*& out, char pointChar, char sepa
             firstGroup = p % 3;
             break;
         default:
-            kivoFail("false", SEPARATED_FAIL_SOURCE, SEPARATED_FAIL_LINE);
+            fail(realfields::failure::SEPARATED_POINT_POSITION);
     }
     if (numDigits >= p) {
         // The whole integer part is in the digits. The group loop tests its count only after writing a

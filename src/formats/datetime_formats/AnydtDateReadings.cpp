@@ -34,20 +34,20 @@ bool pickByStyle(const Date& dmy, const Date& mdy, const Date& ymd, std::int64_t
     switch (readDateStyle()) {
         case DMY:
             if (!dmy.isValid()) {
-                kivoFail("retDDMMYY", failure::SOURCE, failure::THREE_NUMBER_DDMMYY_LINE);
+                format::fail(failure::THREE_NUMBER_DDMMYY);
             }
             return store(dmy, out);
         case MDY: {
             const Date& chosen = mdy.isValid() ? mdy : ymd;
             if (!chosen.isValid()) {
-                kivoFail("retYYMMDD", failure::SOURCE, failure::THREE_NUMBER_YYMMDD_LINE);
+                format::fail(failure::THREE_NUMBER_YYMMDD);
             }
             return store(chosen, out);
         }
         case YMD: {
             const Date& chosen = ymd.isValid() ? ymd : dmy;
             if (!chosen.isValid()) {
-                kivoFail("retDDMMYY", failure::SOURCE, failure::THREE_NUMBER_DDMMYY_LINE);
+                format::fail(failure::THREE_NUMBER_DDMMYY);
             }
             return store(chosen, out);
         }
@@ -58,7 +58,7 @@ bool pickByStyle(const Date& dmy, const Date& mdy, const Date& ymd, std::int64_t
         case YDM:
             return store(dateOf(a, c, b, true), out);
     }
-    kivoFail("illegal datestyle", failure::SOURCE, failure::THREE_NUMBER_STYLE_LINE);
+    format::fail(failure::THREE_NUMBER_STYLE);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 constexpr const char* STYLE_NAMES[] = {"dmy", "dym", "mdy", "myd", "ydm", "ymd"};
 
 [[noreturn]] void illegalDateStyle() noexcept {
-    kivoFail("illegal datestyle", failure::SOURCE, failure::ILLEGAL_DATESTYLE_LINE);
+    format::fail(failure::ILLEGAL_DATESTYLE);
 }
 
 // Whole-text comparison through the host's lower-case table; name is already lower case.

@@ -62,9 +62,9 @@ Readings readAll(std::int64_t v, bool eightDigits) noexcept {
 bool inRange(std::int64_t x, std::int64_t low, std::int64_t high) noexcept { return x >= low && x <= high; }
 
 // A valid reading's day serial; a reading the checks above proved valid and is not is a broken invariant.
-bool storeChecked(const Date& date, const char* name, int line, double& out) noexcept {
+bool storeChecked(const Date& date, const format::FailureSite& site, double& out) noexcept {
     if (!date.isValid()) {
-        kivoFail(name, failure::SOURCE, line);
+        format::fail(site);
     }
     out = static_cast<double>(date);
     return true;
@@ -90,11 +90,11 @@ bool decideByStyle(DateStyle style, const Readings& r, std::int64_t v, bool eigh
     }
     switch (style) {
         case DMY:
-            return storeChecked(r.date[DMY], "retDDMMYY", failure::DIGIT_RUN_DDMMYY_LINE, out);
+            return storeChecked(r.date[DMY], failure::DIGIT_RUN_DDMMYY, out);
         case MDY:
-            return storeChecked(r.date[MDY], "retMMDDYY", failure::DIGIT_RUN_MMDDYY_LINE, out);
+            return storeChecked(r.date[MDY], failure::DIGIT_RUN_MMDDYY, out);
         case YMD:
-            return storeChecked(r.date[YMD], "retYYMMDD", failure::DIGIT_RUN_YYMMDD_LINE, out);
+            return storeChecked(r.date[YMD], failure::DIGIT_RUN_YYMMDD, out);
         case DYM:
         case MYD:
         case YDM: {
@@ -107,17 +107,17 @@ bool decideByStyle(DateStyle style, const Readings& r, std::int64_t v, bool eigh
             return true;
         }
     }
-    kivoFail("illegal datestyle", failure::SOURCE, failure::DIGIT_RUN_STYLE_LINE);
+    format::fail(failure::DIGIT_RUN_STYLE);
 }
 
 }  // namespace
 
 bool readDigitRunDate(const ParseInfo& pi, double& out) noexcept {
     if (!((pi.valLength[0] == 6) || (pi.valLength[0] == 8))) {
-        kivoFail("(pi.valLength[0] == 6) || (pi.valLength[0] == 8)", failure::SOURCE, failure::DIGIT_RUN_LENGTH_LINE);
+        format::fail(failure::DIGIT_RUN_LENGTH);
     }
     if (!(pi.sepType[0] == ST_NONE)) {
-        kivoFail("pi.sepType[0] == ST_NONE", failure::SOURCE, failure::DIGIT_RUN_SEPARATOR_LINE);
+        format::fail(failure::DIGIT_RUN_SEPARATOR);
     }
     const DateStyle style = readDateStyle();
     const std::int64_t v = pi.value[0];

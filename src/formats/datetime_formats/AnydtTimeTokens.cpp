@@ -34,10 +34,10 @@ bool applyTrailingRun(std::uint32_t trailing, double& seconds) noexcept {
 
 bool readTimeTokens(int index, const ParseInfo& pi, double& seconds) noexcept {
     if (!(pi.valCount >= index + 2)) {
-        kivoFail("pi.valCount >= index + 2", failure::SOURCE, failure::TIME_TOO_FEW_VALUES_LINE);
+        format::fail(failure::TIME_TOO_FEW_VALUES);
     }
     if (!(pi.valCount <= index + 4)) {
-        kivoFail("pi.valCount <= index + 4", failure::SOURCE, failure::TIME_TOO_MANY_VALUES_LINE);
+        format::fail(failure::TIME_TOO_MANY_VALUES);
     }
     const std::int64_t hours = pi.value[index];
     const std::int64_t minutes = pi.value[index + 1];

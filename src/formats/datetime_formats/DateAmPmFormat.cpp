@@ -2,7 +2,7 @@
 #include "kivo/Formats.h"
 #include "kivo/format/datetime/DateWriters.h"
 #include "kivo/format/datetime/TimeWriters.h"
-#include "kivox/Fail.h"
+#include "formats/datetime_formats/DatetimeFormatsFailures.h"
 
 // DATEAMPM: the DATE layout, a colon and a twelve-hour time with AM or PM, as in
 // 17MAR2021:01:45:30 PM. The width chooses one of six levels of detail; level 1 is the exception that
@@ -19,9 +19,6 @@ constexpr int LONG_DATE = 9;
 constexpr int LONG_DATE_FULL_TIME = 21;
 // Two-digit date, ":hh:mm:ss." and " PM".
 constexpr int SHORT_DATE_TIME_WITH_POINT = 20;
-
-constexpr int FAIL_LINE_ROUNDING = 642;
-constexpr int FAIL_LINE_WRITING = 704;
 
 enum Level {
     DATE_ONLY = 0,
@@ -65,38 +62,21 @@ Layout chooseLayout(int width, int decimals) noexcept {
     return {DECIMALS, SHORT_DATE, 0, width - SHORT_DATE_TIME_WITH_POINT};
 }
 
-// The limit past which a time of day is shown as midnight of the next day: with fewer decimals the
-// rounding reaches the next day sooner.
-double dayEndLimit(int decimals) noexcept {
-    if (decimals == 0) {
-        return timefield::DAY_END_LIMIT - 0.5;
-    }
-    return decimals == 1 ? timefield::DAY_END_LIMIT - 0.05 : timefield::DAY_END_LIMIT;
-}
-
-// Rounds the seconds for the level; levels that do not show them still carry into the minutes.
-void roundSeconds(Clock& clock, const Layout& layout, int decimals) noexcept {
-    double s = clock.seconds;
-    switch (layout.level) {
+// The detail of the time that a level rounds for; the levels that stop at the hour round like those
+// that stop at the minutes.
+timefield::Detail roundingDetail(int level) noexcept {
+    switch (level) {
         case HOUR24:
         case HOUR:
         case MINUTES:
-            s += 0.50000001;
-            break;
+            return timefield::Detail::MINUTES;
         case SECONDS:
-            s += 0.5;
-            break;
+            return timefield::Detail::SECONDS;
         case DECIMALS:
-            s += timefield::halfUnit(layout.decimalsShown >= decimals ? decimals : layout.decimalsShown + 1);
-            break;
+            return timefield::Detail::DECIMALS;
         default:
-            kivoFail("false", timefield::FAIL_SOURCE, FAIL_LINE_ROUNDING);
+            fail(failure::DATEAMPM_ROUNDING);
     }
-    clock.seconds = s * timefield::ROUNDING_NUDGE;
-    if (clock.seconds >= 60.0) {
-        clock.carrySeconds();
-    }
-    clock.carryMinutes();
 }
 
 void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
@@ -116,7 +96,7 @@ void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
             field::twoDigits(out, clock.minutes);
             break;
         default:
-            kivoFail("false", timefield::FAIL_SOURCE, FAIL_LINE_WRITING);
+            fail(failure::DATEAMPM_WRITING);
     }
     if (layout.level == SECONDS) {
         *out++ = ':';
@@ -129,18 +109,13 @@ void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
     timefield::meridiem(out, clock.hours >= 12 && clock.hours <= 23);
 }
 
-void writeDateAmPm(const Datetime& datetime, char* field, char*& out, int width, int decimals) noexcept {
+void writeDateAmPm(const Datetime& datetime, char*& out, int width, int decimals) noexcept {
     const Layout layout = chooseLayout(width, decimals);
     Date date = datetime.date();
     double seconds = datetime.timeOfDay().totalSeconds();
-    if (seconds >= dayEndLimit(decimals)) {
-        date += DateDuration(1);
-        seconds = 0.0;
-        if (!date.isValid()) {
-            // The next day lies beyond the calendar: the value cannot be shown.
-            field::stars(field, width);
-            return;
-        }
+    if (!timefield::carryIntoNextDay(date, seconds, timefield::twelveHourDayEnd(decimals))) {
+        field::stars(out, width);
+        return;
     }
     field::blanks(out, layout.blanks);
     doDateFormat(date, out, layout.dateWidth);
@@ -148,7 +123,7 @@ void writeDateAmPm(const Datetime& datetime, char* field, char*& out, int width,
         return;
     }
     Clock clock = Clock::of(seconds);
-    roundSeconds(clock, layout, decimals);
+    timefield::roundTwelveHourClock(clock, roundingDetail(layout.level), decimals, layout.decimalsShown);
     writeTime(out, clock, layout);
 }
 
@@ -157,8 +132,6 @@ void writeDateAmPm(const Datetime& datetime, char* field, char*& out, int width,
 }  // namespace kivo::format::datetime
 
 extern "C" int dateampmFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::timefield::withDatetime(
-        field, width, 0, value, [&](const kivo::Datetime& datetime, char*& out) {
-            kivo::format::datetime::writeDateAmPm(datetime, field, out, width, decimals);
-        });
+    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+                                                      kivo::format::datetime::writeDateAmPm);
 }

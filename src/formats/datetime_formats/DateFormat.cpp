@@ -8,18 +8,7 @@ namespace kivo::format::datetime {
 
 namespace {
 
-constexpr int LARGEST_FOUR_DIGIT_YEAR = 9999;
-
 void monthAbbreviation(char*& out, int month) noexcept { field::text(out, Month::upperShortName(month), 3); }
-
-// A year beyond four digits shows as "****" in the four year positions.
-void fourDigitYear(char*& out, int year) noexcept {
-    if (year > LARGEST_FOUR_DIGIT_YEAR) {
-        field::repeat(out, 4, '*');
-    } else {
-        field::fourDigits(out, year);
-    }
-}
 
 void dayMonth(char*& out, int day, int month) noexcept {
     field::twoDigits(out, day);
@@ -49,14 +38,14 @@ void doDateFormat(const Date& date, char*& out, int width) {
     }
     if (width <= 10) {
         dayMonth(out, ymd.day, ymd.month);
-        fourDigitYear(out, ymd.year);
+        field::fourDigitYearOrStars(out, ymd.year);
         return;
     }
     field::twoDigits(out, ymd.day);
     *out++ = '-';
     monthAbbreviation(out, ymd.month);
     *out++ = '-';
-    fourDigitYear(out, ymd.year);
+    field::fourDigitYearOrStars(out, ymd.year);
 }
 
 }  // namespace kivo::format::datetime
@@ -67,11 +56,11 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int dateFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, value, doDateFormat);
+    return entry::withDate(field, width, 0, 0, value, doDateFormat);
 }
 
 int dtdateFormat(char* field, int width, int, double value) {
-    return entry::withDatetimeDate(field, width, 0, value, doDateFormat);
+    return entry::withDatetimeDate(field, width, 0, 0, value, doDateFormat);
 }
 
 }  // extern "C"

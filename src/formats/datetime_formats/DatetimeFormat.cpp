@@ -65,18 +65,13 @@ void roundSeconds(Clock& clock, int fit, int decimals) noexcept {
     }
 }
 
-void writeDatetime(const Datetime& datetime, char* field, char*& out, int width, int decimals) noexcept {
+void writeDatetime(const Datetime& datetime, char*& out, int width, int decimals) noexcept {
     const DateChoice choice = chooseDate(width, decimals);
     Date date = datetime.date();
     double seconds = datetime.timeOfDay().totalSeconds();
-    if (seconds >= timefield::DAY_END_LIMIT) {
-        date += DateDuration(1);
-        seconds = 0.0;
-        if (!date.isValid()) {
-            // The next day lies beyond the calendar: the value cannot be shown.
-            field::stars(field, width);
-            return;
-        }
+    if (!timefield::carryIntoNextDay(date, seconds, timefield::DAY_END_LIMIT)) {
+        field::stars(out, width);
+        return;
     }
     field::blanks(out, choice.blanks);
     doDateFormat(date, out, choice.dateWidth);
@@ -109,8 +104,6 @@ void writeDatetime(const Datetime& datetime, char* field, char*& out, int width,
 }  // namespace kivo::format::datetime
 
 extern "C" int datetimeFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::timefield::withDatetime(
-        field, width, 0, value, [&](const kivo::Datetime& datetime, char*& out) {
-            kivo::format::datetime::writeDatetime(datetime, field, out, width, decimals);
-        });
+    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+                                                      kivo::format::datetime::writeDatetime);
 }

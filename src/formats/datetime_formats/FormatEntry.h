@@ -1,41 +1,76 @@
 #pragma once
 
+#include <type_traits>
+
 #include "formats/FieldWriting.h"
 #include "kivo/format/Missing.h"
 #include "kivox/Calendar.h"
 
-// The steps every date format takes before it writes: the missing value first, then the host's date,
-// then a field of "*" when that date is not valid. `write(date, out, width)` lays out the rest.
+// The steps every date, datetime and time format takes before it writes: the missing value first,
+// then the host's value, then a field of "*" when that value is not valid. One shape for all of them:
+// `write(value, out, width)` or, for the layouts that use them, `write(value, out, width, decimals)`
+// lays out the rest, starting at the field's first byte.
+//
+// missingDecimals is what writeMissing gets: the format's decimals for the formats whose decimals
+// move the missing character, 0 for the others.
 namespace kivo::format::datetime::entry {
 
-template <class Write>
-inline int writeValidDate(char* field, int width, const Date& date, Write write) noexcept {
-    if (!date.isValid()) {
+template <class Value, class Write>
+inline int writeValid(char* field, int width, int decimals, const Value& value, bool valid, Write write) noexcept {
+    if (!valid) {
         field::stars(field, width);
         return 0;
     }
     char* out = field;
-    write(date, out, width);
+    if constexpr (std::is_invocable_v<Write, const Value&, char*&, int, int>) {
+        write(value, out, width, decimals);
+    } else {
+        write(value, out, width);
+    }
     return 0;
 }
 
 // A day serial.
 template <class Write>
-inline int withDate(char* field, int width, int missingDecimals, double value, Write write) noexcept {
+inline int withDate(char* field, int width, int decimals, int missingDecimals, double value, Write write) noexcept {
     if (writeMissing(value, field, width, missingDecimals)) {
         return 0;
     }
-    return writeValidDate(field, width, Date(value), write);
+    const Date date(value);
+    return writeValid(field, width, decimals, date, date.isValid(), write);
 }
 
 // The DT formats: a seconds serial, of which only the calendar day is shown. An invalid datetime has
 // an invalid date.
 template <class Write>
-inline int withDatetimeDate(char* field, int width, int missingDecimals, double value, Write write) noexcept {
+inline int withDatetimeDate(char* field, int width, int decimals, int missingDecimals, double value,
+                            Write write) noexcept {
     if (writeMissing(value, field, width, missingDecimals)) {
         return 0;
     }
-    return writeValidDate(field, width, Datetime(value).date(), write);
+    const Date date = Datetime(value).date();
+    return writeValid(field, width, decimals, date, date.isValid(), write);
+}
+
+// A seconds serial, shown as a date and a time of day.
+template <class Write>
+inline int withDatetime(char* field, int width, int decimals, int missingDecimals, double value,
+                        Write write) noexcept {
+    if (writeMissing(value, field, width, missingDecimals)) {
+        return 0;
+    }
+    const Datetime datetime(value);
+    return writeValid(field, width, decimals, datetime, datetime.isValid(), write);
+}
+
+// A time or a duration: the count of seconds itself is laid out, but only when the host could hold it
+// as a datetime, so that a time far beyond the calendar prints as "*" like a datetime would.
+template <class Write>
+inline int withTime(char* field, int width, int decimals, int missingDecimals, double value, Write write) noexcept {
+    if (writeMissing(value, field, width, missingDecimals)) {
+        return 0;
+    }
+    return writeValid(field, width, decimals, value, Datetime(value).isValid(), write);
 }
 
 }  // namespace kivo::format::datetime::entry

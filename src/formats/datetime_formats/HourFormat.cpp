@@ -32,7 +32,7 @@ void writeHoursBeyondWidth(char* field, int width, double hours, int exponent) n
     record.outputReal(out, '.', '-', FormatRealFields::BEFORE);
 }
 
-void writeHours(char* field, int width, int decimals, double value) noexcept {
+void writeHours(double value, char*& out, int width, int decimals) noexcept {
     double hours = (value < 0.0 ? -value : value) / 3600.0;
     int nd = numberOfDigits(static_cast<long long>(hours));
     int shown = shownDecimals(width, nd, decimals);
@@ -43,7 +43,6 @@ void writeHours(char* field, int width, int decimals, double value) noexcept {
         shown = shownDecimals(width, nd, decimals);
     }
 
-    char* out = field;
     if (shown >= 1) {
         if (nd == 0) {
             // A "0" before the point only when there is room for it.
@@ -59,7 +58,7 @@ void writeHours(char* field, int width, int decimals, double value) noexcept {
         timefield::lowDigits(out, static_cast<std::uint64_t>(hours), integerDigits);
         return;
     }
-    writeHoursBeyondWidth(field, width, hours, integerDigits - 1);
+    writeHoursBeyondWidth(out, width, hours, integerDigits - 1);
 }
 
 }  // namespace
@@ -67,8 +66,5 @@ void writeHours(char* field, int width, int decimals, double value) noexcept {
 }  // namespace kivo::format::datetime
 
 extern "C" int hourFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::timefield::withDatetime(
-        field, width, 0, value, [&](const kivo::Datetime&, char*&) {
-            kivo::format::datetime::writeHours(field, width, decimals, value);
-        });
+    return kivo::format::datetime::entry::withTime(field, width, decimals, 0, value, kivo::format::datetime::writeHours);
 }

@@ -12,17 +12,15 @@ namespace {
 
 using timefield::Clock;
 
-constexpr int LARGEST_FOUR_DIGIT_YEAR = 9999;
-
 // "MAR 7 2021 " (one-digit day) and "hh:mm", " PM".
 constexpr int DATE_AND_MINUTES = 19;
 // The same with ":ss".
 constexpr int DATE_AND_SECONDS = 22;
 
-enum Level { MINUTES = 1, SECONDS = 2, DECIMALS = 3 };
+using timefield::Detail;
 
 struct Layout {
-    int level;
+    Detail detail;
     int blanks;
     int decimalsShown;
 };
@@ -30,21 +28,14 @@ struct Layout {
 Layout chooseLayout(int width, int dayExtraDigit, int decimals) noexcept {
     const int room = width - dayExtraDigit;
     if (room - DATE_AND_MINUTES < 3) {
-        return {MINUTES, room - DATE_AND_MINUTES, 0};
+        return {Detail::MINUTES, room - DATE_AND_MINUTES, 0};
     }
     if (decimals != 0 && room - DATE_AND_SECONDS > 1) {
         const int fit = room - DATE_AND_SECONDS - 1;
         const int shown = decimals < fit ? decimals : fit;
-        return {DECIMALS, fit - shown, shown};
+        return {Detail::DECIMALS, fit - shown, shown};
     }
-    return {SECONDS, room - DATE_AND_SECONDS, 0};
-}
-
-double dayEndLimit(int decimals) noexcept {
-    if (decimals == 0) {
-        return timefield::DAY_END_LIMIT - 0.5;
-    }
-    return decimals == 1 ? timefield::DAY_END_LIMIT - 0.05 : timefield::DAY_END_LIMIT;
+    return {Detail::SECONDS, room - DATE_AND_SECONDS, 0};
 }
 
 void writeDate(char*& out, const Date::YMD& ymd) noexcept {
@@ -60,52 +51,37 @@ void writeDate(char*& out, const Date::YMD& ymd) noexcept {
     *out++ = ' ';
 }
 
-void roundSeconds(Clock& clock, const Layout& layout, int decimals) noexcept {
-    double s = clock.seconds;
-    if (layout.level == MINUTES) {
-        s += 0.50000001;
-    } else if (layout.level == SECONDS) {
-        s += 0.5;
-    } else {
-        s += timefield::halfUnit(decimals <= layout.decimalsShown ? decimals : layout.decimalsShown + 1);
-    }
-    clock.seconds = s * timefield::ROUNDING_NUDGE;
-    if (clock.seconds >= 60.0) {
-        clock.carrySeconds();
-    }
-    clock.carryMinutes();
-}
-
 void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
     field::twoDigits(out, timefield::twelveHour(clock.hours));
     *out++ = ':';
     field::twoDigits(out, clock.minutes);
-    if (layout.level == SECONDS) {
+    if (layout.detail == Detail::SECONDS) {
         *out++ = ':';
         field::twoDigits(out, static_cast<int>(clock.seconds));
-    } else if (layout.level == DECIMALS) {
+    } else if (layout.detail == Detail::DECIMALS) {
         *out++ = ':';
         writeRealNumber(out, clock.seconds, 2, layout.decimalsShown);
     }
     timefield::meridiem(out, clock.hours >= 12 && clock.hours <= 23);
 }
 
-void writeMondytm(const Datetime& datetime, char* field, char*& out, int width, int decimals) noexcept {
+void writeMondytm(const Datetime& datetime, char*& out, int width, int decimals) noexcept {
     const Date::YMD ymd = datetime.date().yearMonthDay();
-    if (ymd.year > LARGEST_FOUR_DIGIT_YEAR) {
-        field::stars(field, width);
+    if (ymd.year > field::LARGEST_FOUR_DIGIT_YEAR) {
+        field::stars(out, width);
         return;
     }
     const Layout layout = chooseLayout(width, ymd.day > 9 ? 1 : 0, decimals);
     double seconds = datetime.timeOfDay().totalSeconds();
-    if (seconds >= dayEndLimit(decimals)) {
+    if (seconds >= timefield::twelveHourDayEnd(decimals)) {
         // Midnight of the next day, but the date already taken stays as it is.
         seconds = 0.0;
     }
     field::blanks(out, layout.blanks);
     writeDate(out, ymd);
     Clock clock = Clock::of(seconds);
-    roundSeconds(clock, layout, decimals);
+    timefield::roundTwelveHourClock(clock, layout.detail, decimals,
+                                    layout.decimalsShown);
     writeTime(out, clock, layout);
 }
 
@@ -114,8 +90,6 @@ void writeMondytm(const Datetime& datetime, char* field, char*& out, int width, 
 }  // namespace kivo::format::datetime
 
 extern "C" int mondytmFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::timefield::withDatetime(
-        field, width, 0, value, [&](const kivo::Datetime& datetime, char*& out) {
-            kivo::format::datetime::writeMondytm(datetime, field, out, width, decimals);
-        });
+    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+                                                      kivo::format::datetime::writeMondytm);
 }

@@ -1,9 +1,9 @@
 #include <cstdint>
 
+#include "formats/datetime_formats/DatetimeFormatsFailures.h"
 #include "formats/datetime_formats/TimeFieldWriting.h"
 #include "kivo/format/Missing.h"
 #include "kivo/format/datetime/TimeWriters.h"
-#include "kivox/Fail.h"
 
 namespace kivo::format::datetime {
 
@@ -16,8 +16,6 @@ constexpr double NEGATIVE_POWERS[15] = {1e-1, 1e-2,  1e-3,  1e-4,  1e-5,  1e-6, 
 
 // A fraction carries at most this many significant digits, integer digits included.
 constexpr int SIGNIFICANT_DIGITS = 15;
-
-constexpr int FAIL_LINE_SCALED_FRACTION = 307;
 
 // Digits of the integer part that follow its leading zeros, as written in intWidth positions.
 int significantIntegerDigits(std::int32_t integer, int intWidth) noexcept {
@@ -72,7 +70,7 @@ void writeRealNumber(char*& out, double x, int intWidth, int decimals) {
     if (scaled >= limit) {
         // Only floating-point error can get here, and then exactly to the limit: show all nines.
         if (scaled != limit) {
-            kivoFail("intScaledValue == maxScaledValue", timefield::FAIL_SOURCE, FAIL_LINE_SCALED_FRACTION);
+            fail(failure::SCALED_FRACTION);
         }
         scaled = limit - 1;
     }

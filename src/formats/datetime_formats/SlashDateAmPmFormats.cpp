@@ -13,19 +13,16 @@ constexpr int SHORT_DATE = 8;           // 03/17/21
 constexpr int LONG_DATE = 10;           // 03/17/2021
 constexpr int SHORT_DATE_AND_TIME = 17;  // 03/17/21 13:45 PM
 constexpr int LONG_DATE_AND_TIME = 19;   // 03/17/2021 13:45 PM
-constexpr int LARGEST_FOUR_DIGIT_YEAR = 9999;
 
 void writeDate(char*& out, const Date::YMD& ymd, Order order, bool fourDigitYear) noexcept {
     field::twoDigits(out, order == Order::MONTH_FIRST ? ymd.month : ymd.day);
     *out++ = '/';
     field::twoDigits(out, order == Order::MONTH_FIRST ? ymd.day : ymd.month);
     *out++ = '/';
-    if (!fourDigitYear) {
-        field::twoDigits(out, ymd.year % 100);
-    } else if (ymd.year > LARGEST_FOUR_DIGIT_YEAR) {
-        field::repeat(out, 4, '*');
+    if (fourDigitYear) {
+        field::fourDigitYearOrStars(out, ymd.year);
     } else {
-        field::fourDigits(out, ymd.year);
+        field::twoDigits(out, ymd.year % 100);
     }
 }
 
@@ -64,8 +61,8 @@ void writeSlashDateAmPm(const Datetime& datetime, char*& out, int width, Order o
 
 template <Order order>
 int slashDateAmPmFormat(char* field, int width, int decimals, double value) noexcept {
-    return timefield::withDatetime(field, width, decimals, value, [&](const Datetime& datetime, char*& out) {
-        writeSlashDateAmPm(datetime, out, width, order);
+    return entry::withDatetime(field, width, 0, decimals, value, [](const Datetime& datetime, char*& out, int w) {
+        writeSlashDateAmPm(datetime, out, w, order);
     });
 }
 

@@ -80,8 +80,6 @@ void writeTwelveHourTime(const Datetime& datetime, char*& out, int width, int de
 }  // namespace kivo::format::datetime
 
 extern "C" int timeampmFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::timefield::withDatetime(
-        field, width, 0, value, [&](const kivo::Datetime& datetime, char*& out) {
-            kivo::format::datetime::writeTwelveHourTime(datetime, out, width, decimals);
-        });
+    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+                                                      kivo::format::datetime::writeTwelveHourTime);
 }

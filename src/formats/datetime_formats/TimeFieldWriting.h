@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "formats/FieldWriting.h"
+#include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/format/Missing.h"
 #include "kivox/Calendar.h"
 #include "kivox/Numbers.h"
@@ -23,9 +24,6 @@ inline constexpr double WIDE_HALF = std::bit_cast<double>(std::uint64_t{0x3FE000
 // The last instant that still belongs to a day: SECONDS_PER_DAY - 2^-31. A time of day at or past it
 // is shown as midnight of the next day.
 inline constexpr double DAY_END_LIMIT = 86400.0 - 0x1p-31;
-
-// Where internal failures of these formats are reported from.
-inline constexpr const char* FAIL_SOURCE = "src/formats/datetime_formats/DatetimeFormats";
 
 // Half a unit of the decimals-th digit after the point.
 inline double halfUnit(int decimals) noexcept { return 0.5 / pow10(decimals); }
@@ -75,21 +73,46 @@ inline int twelveHour(int hours) noexcept { return (hours + 11) % 12 + 1; }
 // " AM" or " PM" after a twelve-hour time.
 inline void meridiem(char*& out, bool afternoon) noexcept { field::text(out, afternoon ? " PM" : " AM", 3); }
 
-// The entry steps of the time and datetime formats: the missing value, then a field of "*" for a value
-// that is no datetime the host can represent. `write(datetime, out)` lays out the rest.
-template <class Write>
-inline int withDatetime(char* field, int width, int missingDecimals, double value, Write write) noexcept {
-    if (writeMissing(value, field, width, missingDecimals)) {
-        return 0;
+// The last instant of a day that a twelve-hour layout still shows on that day: with no decimals of the
+// second the rounding reaches the next day half a second sooner, with one decimal 0.05 s sooner.
+inline double twelveHourDayEnd(int decimals) noexcept {
+    if (decimals == 0) {
+        return DAY_END_LIMIT - 0.5;
     }
-    const Datetime datetime(value);
-    if (!datetime.isValid()) {
-        field::stars(field, width);
-        return 0;
+    return decimals == 1 ? DAY_END_LIMIT - 0.05 : DAY_END_LIMIT;
+}
+
+// A time of day at or past dayEnd becomes midnight of the next day. False when that day lies beyond
+// the calendar: the value cannot be shown.
+inline bool carryIntoNextDay(Date& date, double& seconds, double dayEnd) noexcept {
+    if (seconds < dayEnd) {
+        return true;
     }
-    char* out = field;
-    write(datetime, out);
-    return 0;
+    date += DateDuration(1);
+    seconds = 0.0;
+    return date.isValid();
+}
+
+// How much of a twelve-hour time a layout shows after the hour.
+enum class Detail { MINUTES, SECONDS, DECIMALS };
+
+// Rounds the seconds for the detail shown (a layout that stops at the minutes still rounds them, a
+// hair above half a second) and carries into the minutes and hours. With decimals, the half unit is
+// that of the decimals asked for when they all show, else of one digit past those shown.
+inline void roundTwelveHourClock(Clock& clock, Detail detail, int decimals, int decimalsShown) noexcept {
+    double s = clock.seconds;
+    if (detail == Detail::MINUTES) {
+        s += 0.50000001;
+    } else if (detail == Detail::SECONDS) {
+        s += 0.5;
+    } else {
+        s += halfUnit(decimalsShown >= decimals ? decimals : decimalsShown + 1);
+    }
+    clock.seconds = s * ROUNDING_NUDGE;
+    if (clock.seconds >= 60.0) {
+        clock.carrySeconds();
+    }
+    clock.carryMinutes();
 }
 
 }  // namespace kivo::format::datetime::timefield

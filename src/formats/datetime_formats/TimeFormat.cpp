@@ -68,7 +68,7 @@ int leadingBlanks(int rest, int shown) noexcept {
     return rest - shown - 7 > 0 ? rest - shown - 7 : 0;
 }
 
-void writeTime(char* field, int width, int decimals, double value) noexcept {
+void writeTime(double value, char*& out, int width, int decimals) noexcept {
     const bool negative = value < 0.0;
     const int w = negative ? width - 1 : width;
     Clock clock = Clock::of(negative ? -value : value);
@@ -86,10 +86,9 @@ void writeTime(char* field, int width, int decimals, double value) noexcept {
 
     const int rest = w - nd;
     if (rest < 0) {
-        field::stars(field, width);
+        field::stars(out, width);
         return;
     }
-    char* out = field;
     field::blanks(out, leadingBlanks(rest, shown));
     if (negative) {
         *out++ = '-';
@@ -114,8 +113,5 @@ void writeTime(char* field, int width, int decimals, double value) noexcept {
 }  // namespace kivo::format::datetime
 
 extern "C" int timeFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::timefield::withDatetime(
-        field, width, 0, value, [&](const kivo::Datetime&, char*&) {
-            kivo::format::datetime::writeTime(field, width, decimals, value);
-        });
+    return kivo::format::datetime::entry::withTime(field, width, decimals, 0, value, kivo::format::datetime::writeTime);
 }

@@ -101,8 +101,6 @@ void writeTimeOfDay(const Datetime& datetime, char*& out, int width, int decimal
 }  // namespace kivo::format::datetime
 
 extern "C" int todFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::timefield::withDatetime(
-        field, width, 0, value, [&](const kivo::Datetime& datetime, char*& out) {
-            kivo::format::datetime::writeTimeOfDay(datetime, out, width, decimals);
-        });
+    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+                                                      kivo::format::datetime::writeTimeOfDay);
 }

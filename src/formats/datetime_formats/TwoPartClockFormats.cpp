@@ -90,9 +90,9 @@ TwoParts minutesAndSeconds(double value, int decimals) noexcept {
 
 template <class Split>
 int twoPartFormat(char* field, int width, int decimals, double value, Split split) noexcept {
-    return timefield::withDatetime(field, width, 0, value, [&](const Datetime&, char*&) {
-        const bool negative = value < 0.0;
-        writeTwoParts(field, width, decimals, negative, split(negative ? -value : value, decimals));
+    return entry::withTime(field, width, decimals, 0, value, [split](double v, char*& out, int w, int d) {
+        const bool negative = v < 0.0;
+        writeTwoParts(out, w, d, negative, split(negative ? -v : v, d));
     });
 }
 

@@ -16,11 +16,7 @@ void doYearFormat(const Date& date, char*& out, int width) {
             field::twoDigits(out, year % 100);
             return;
         case 4:
-            if (year > 9999) {
-                field::repeat(out, 4, '*');
-            } else {
-                field::fourDigits(out, year);
-            }
+            field::fourDigitYearOrStars(out, year);
             return;
         default:
             break;
@@ -31,7 +27,7 @@ void doYearFormat(const Date& date, char*& out, int width) {
         return;
     }
     // Wider fields right-align the whole year; five digits appear only here.
-    if (year <= 9999) {
+    if (year <= field::LARGEST_FOUR_DIGIT_YEAR) {
         field::blanks(out, width - 4);
         field::fourDigits(out, year);
     } else {
@@ -48,11 +44,11 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int yearFormat(char* field, int width, int decimals, double value) {
-    return entry::withDate(field, width, decimals, value, doYearFormat);
+    return entry::withDate(field, width, decimals, decimals, value, doYearFormat);
 }
 
 int dtyearFormat(char* field, int width, int, double value) {
-    return entry::withDatetimeDate(field, width, 0, value, doYearFormat);
+    return entry::withDatetimeDate(field, width, 0, 0, value, doYearFormat);
 }
 
 }  // extern "C"

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "formats/FailureSite.h"
+
+// Where the date, time and datetime formats report their broken invariants. A writer handed a width
+// outside its table stops here rather than write outside the field; the host passes only the widths
+// each format declares, so none of these is reached from a valid call.
+namespace kivo::format::datetime::failure {
+
+inline constexpr const char* SOURCE = "src/formats/datetime_formats/DatetimeFormats";
+
+// writeRealNumber: a scaled fraction above its limit, which the callers' rounding rules out.
+inline constexpr FailureSite SCALED_FRACTION{"intScaledValue == maxScaledValue", SOURCE, 307};
+// DATEAMPM: a level of detail outside 1..5 when rounding or writing the time.
+inline constexpr FailureSite DATEAMPM_ROUNDING{"false", SOURCE, 642};
+inline constexpr FailureSite DATEAMPM_WRITING{"false", SOURCE, 704};
+
+inline constexpr FailureSite ALL[] = {SCALED_FRACTION, DATEAMPM_ROUNDING, DATEAMPM_WRITING};
+
+}  // namespace kivo::format::datetime::failure
