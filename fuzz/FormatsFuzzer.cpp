@@ -38,8 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const kivodt::FormatEntry& entry = catalog[data[0] % catalog.size()];
     const kivodt::Limits& limits = entry.limits;
     const int width = limits.minWidth + data[1] % (limits.maxWidth - limits.minWidth + 1);
-    const int maxDecimals = limits.decimalsBelowWidth && limits.maxDecimals >= width ? width - 1 : limits.maxDecimals;
-    const int decimals = limits.minDecimals + data[2] % (maxDecimals - limits.minDecimals + 1);
+    const int decimals = data[2] % (kivodt::maxDecimals(limits, width) + 1);
     const double value = valueFrom(data + 3, size - 3);
 
     const std::unique_ptr<char[]> field(new char[static_cast<std::size_t>(width)]);

@@ -157,7 +157,8 @@ int recordingInformat(const char* text, int width, int length, int decimals, dou
 }
 
 TEST(KivodtRunner, InformatFieldIsTheFirstWidthBytesOfTheText) {
-    const kivodt::InformatEntry entry{"RECORD", recordingInformat, {1, 32, 8, 0, 9, false}};
+    const kivodt::InformatEntry entry{"RECORD", "", recordingInformat, {1, 32, 8, kivodt::Decimals::PASSED_THROUGH},
+                                      kivodt::ValueKind::DAY};
     struct Case {
         int width;
         bool widthGiven;

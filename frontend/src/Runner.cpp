@@ -158,10 +158,12 @@ int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::st
 
 void printCatalog(std::FILE* out) {
     const auto row = [out](const char* kind, std::string_view name, const Limits& limits) {
-        std::fprintf(out, "%-9s %-10.*s widths %2d-%-3d default %2d  decimals %d-%d%s\n", kind,
+        const bool belowWidth =
+            limits.decimals == Decimals::MISSING_POSITION || limits.decimals == Decimals::LAYOUT;
+        std::fprintf(out, "%-9s %-10.*s widths %2d-%-3d default %2d  decimals 0-%d%s\n", kind,
                      static_cast<int>(name.empty() ? 3 : name.size()), name.empty() ? "w.d" : name.data(),
-                     limits.minWidth, limits.maxWidth, limits.defaultWidth, limits.minDecimals, limits.maxDecimals,
-                     limits.decimalsBelowWidth ? " (below the width)" : "");
+                     limits.minWidth, limits.maxWidth, limits.defaultWidth, maxDecimals(limits, MAX_FIELD),
+                     belowWidth ? " (below the width)" : "");
     };
     for (const FormatEntry& entry : formatCatalog()) {
         row("format", entry.name, entry.limits);

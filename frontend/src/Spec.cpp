@@ -91,13 +91,10 @@ bool checkLimits(const Entry& entry, ResolvedSpec<Entry>& resolved, const SpecTe
                       ")"});
         return false;
     }
-    int maxDecimals = limits.maxDecimals;
-    if (limits.decimalsBelowWidth) {
-        maxDecimals = std::min(maxDecimals, resolved.width - 1);
-    }
-    if (resolved.decimals < limits.minDecimals || resolved.decimals > maxDecimals) {
+    const int largest = maxDecimals(limits, resolved.width);
+    if (resolved.decimals < 0 || resolved.decimals > largest) {
         error = join({"decimals ", std::to_string(resolved.decimals), " are outside the range of ", name, ".",
-                      std::to_string(resolved.width), ": decimals ", rangeText(limits.minDecimals, maxDecimals)});
+                      std::to_string(resolved.width), ": decimals ", rangeText(0, largest)});
         return false;
     }
     return true;

@@ -43,12 +43,14 @@ const Entry* findIn(std::span<const Entry> entries, std::string_view name) {
 
 std::span<const FormatEntry> formatCatalog() {
     static const std::vector<FormatEntry> all =
-        concatenate<FormatEntry>({dateFormatEntries(), timeFormatEntries(), numericFormatEntries()});
+        concatenate<FormatEntry>({dateFormatEntries(), dayMonthYearFormatEntries(), wordWeekEraFormatEntries(),
+                                  timeFormatEntries(), numericFormatEntries()});
     return all;
 }
 
 std::span<const InformatEntry> informatCatalog() {
-    static const std::vector<InformatEntry> all = concatenate<InformatEntry>({freeFormInformatEntries()});
+    static const std::vector<InformatEntry> all = concatenate<InformatEntry>(
+        {freeFormInformatEntries(), textInformatEntries(), machineInformatEntries()});
     return all;
 }
 

@@ -1,51 +1,37 @@
-#include "formats/FieldWriting.h"
+#include <string_view>
+
+#include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/Formats.h"
 #include "kivo/format/datetime/DateWriters.h"
-#include "kivox/Names.h"
 
 namespace kivo::format::datetime {
 
 namespace {
 
-void monthAbbreviation(char*& out, int month) noexcept { field::text(out, Month::upperShortName(month), 3); }
+constexpr int NARROWEST = 5;
+constexpr int WIDEST = 11;
 
-void dayMonth(char*& out, int day, int month) noexcept {
-    field::twoDigits(out, day);
-    monthAbbreviation(out, month);
-}
+// DATE by width: the odd widths add the year in two and then four digits, the even ones put a blank in
+// front of the odd layout below them, and the widest spells the date with dashes.
+constexpr std::string_view DATE_LAYOUTS[WIDEST - NARROWEST + 1] = {
+    "dM",     // 5: 17MAR
+    " dM",    // 6
+    "dMy",    // 7: 17MAR21
+    " dMy",   // 8
+    "dMY",    // 9: 17MAR2021
+    " dMY",   // 10
+    "d-M-Y",  // 11: 17-MAR-2021
+};
 
 }  // namespace
 
+// 22356 (17 March 2021) at width 9: "17MAR2021". A width outside 5..11 leaves the field as it was.
 void doDateFormat(const Date& date, char*& out, int width) {
-    if (width < 5 || width > 11) {
+    if (width < NARROWEST || width > WIDEST) {
         return;
     }
-    // Widths 6, 8 and 10 are the layouts of 5, 7 and 9 behind one blank.
-    if (width != 11 && width % 2 == 0) {
-        field::blanks(out, 1);
-    }
-    if (width <= 6) {
-        const Date::MD md = date.monthDay();
-        dayMonth(out, md.day, md.month);
-        return;
-    }
-    const Date::YMD ymd = date.yearMonthDay();
-    if (width <= 8) {
-        dayMonth(out, ymd.day, ymd.month);
-        field::twoDigits(out, ymd.year % 100);
-        return;
-    }
-    if (width <= 10) {
-        dayMonth(out, ymd.day, ymd.month);
-        field::fourDigitYearOrStars(out, ymd.year);
-        return;
-    }
-    field::twoDigits(out, ymd.day);
-    *out++ = '-';
-    monthAbbreviation(out, ymd.month);
-    *out++ = '-';
-    field::fourDigitYearOrStars(out, ymd.year);
+    layout::writeDatePieces(out, DATE_LAYOUTS[width - NARROWEST], date.yearMonthDay());
 }
 
 }  // namespace kivo::format::datetime
