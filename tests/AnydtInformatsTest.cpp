@@ -183,31 +183,6 @@ TEST_F(AnydtTest, InformatsConvertByType) {
     }
 }
 
-// A parse record for the invariant checks: count values, nothing between them.
-kivo::anydt::ParseInfo record(int count, std::int32_t firstLength, std::uint32_t firstSeparator) {
-    kivo::anydt::ParseInfo pi{};
-    pi.valCount = count;
-    for (int k = 0; k < count; ++k) {
-        pi.value[k] = 1;
-        pi.valLength[k] = 2;
-    }
-    pi.valLength[0] = firstLength;
-    pi.sepType[0] = firstSeparator;
-    return pi;
-}
-
-TEST(AnydtInvariantsDeathTest, BrokenCallsStopTheProcess) {
-    double out = 0;
-    EXPECT_DEATH(kivo::anydt::readTimeTokens(1, record(2, 2, 0), out),
-                 "pi\\.valCount >= index \\+ 2.*AnydtInformats:345");
-    EXPECT_DEATH(kivo::anydt::readTimeTokens(0, record(5, 2, 0), out),
-                 "pi\\.valCount <= index \\+ 4.*AnydtInformats:346");
-    EXPECT_DEATH(kivo::anydt::readDigitRunDate(record(1, 7, 0), out),
-                 "\\(pi\\.valLength\\[0\\] == 6\\) \\|\\| \\(pi\\.valLength\\[0\\] == 8\\).*AnydtInformats:418");
-    EXPECT_DEATH(kivo::anydt::readDigitRunDate(record(1, 8, kivo::anydt::ST_DASH), out),
-                 "pi\\.sepType\\[0\\] == ST_NONE.*AnydtInformats:419");
-}
-
 TEST_F(AnydtTest, IllegalDateStyleStopsAReadThatNeedsIt) {
     use("xyz", "1940");
     double result = 0;

@@ -165,12 +165,4 @@ TEST(DatetimeFormatsLayout, MdyampmBelowEightLeavesTheField) {
     EXPECT_EQ(std::string(field, 7), "abcdefg");
 }
 
-using DateampmDeathTest = testing::Test;
-
-TEST_F(DateampmDeathTest, LevelOutsideItsRange) {
-    // Below width 7 the level chooser has no level; the host's width range excludes those widths.
-    char field[32];
-    EXPECT_DEATH(dateampmFormat(field, 4, 0, T), "false \\[src/formats/datetime_formats/DatetimeFormats:642\\]");
-}
-
 }  // namespace

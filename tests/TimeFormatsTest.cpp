@@ -214,14 +214,4 @@ INSTANTIATE_TEST_SUITE_P(Fractions, WriteRealNumber, testing::Values(
     RealNumberCase{12.123456789012345678, 2, 18, "12.123456789012300000"},
     RealNumberCase{0.123456789012345678, 0, 17, ".12345678901234500"}));
 
-using WriteRealNumberDeathTest = testing::Test;
-
-TEST_F(WriteRealNumberDeathTest, ScaledFractionAboveItsLimit) {
-    // An integer part beyond 32 bits leaves a "fraction" that no rounding can explain.
-    char buffer[40];
-    char* out = buffer;
-    EXPECT_DEATH(kivo::format::datetime::writeRealNumber(out, 4294967296.5, 2, 3),
-                 "intScaledValue == maxScaledValue \\[src/formats/datetime_formats/DatetimeFormats:307\\]");
-}
-
 }  // namespace
