@@ -6,6 +6,7 @@
 #include <iomanip>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "kivo/Formats.h"
 
@@ -38,5 +39,39 @@ struct FieldCase {
 inline void PrintTo(const FieldCase& c, std::ostream* os) {
     *os << c.name << c.width << "." << c.decimals << " of " << std::setprecision(17) << c.value;
 }
+
+// (width, decimals, value) and the field it must give, for the format of a FORMAT_ROWS group.
+struct FieldRow {
+    int width;
+    int decimals;
+    double value;
+    const char* expected;
+};
+
+inline std::vector<FieldCase> formatRows(KivoFormatFunction format, const char* name,
+                                         std::initializer_list<FieldRow> rows) {
+    std::vector<FieldCase> cases;
+    for (const FieldRow& r : rows) {
+        cases.push_back({format, name, r.width, r.decimals, r.value, r.expected});
+    }
+    return cases;
+}
+
+// The groups of a table, one after the other.
+inline std::vector<FieldCase> rows(std::initializer_list<std::vector<FieldCase>> groups) {
+    std::vector<FieldCase> all;
+    for (const std::vector<FieldCase>& group : groups) {
+        all.insert(all.end(), group.begin(), group.end());
+    }
+    return all;
+}
+
+}  // namespace kivo::test
+
+// The rows of one format, whose function and name come from one token, so that they cannot disagree:
+// FORMAT_ROWS(date, {9, 0, 22356, "17MAR2021"}, {11, 0, 0, "01-JAN-1960"}).
+#define FORMAT_ROWS(stem, ...) ::kivo::test::formatRows(stem##Format, #stem, {__VA_ARGS__})
+
+namespace kivo::test {
 
 }  // namespace kivo::test

@@ -23,108 +23,73 @@ TEST_P(TimeFormats, WritesTheField) {
 
 constexpr double T12_34_56_789 = 45296.789;
 
-INSTANTIATE_TEST_SUITE_P(Time, TimeFormats, testing::Values(
-    // What fits, in the order hours, minutes, seconds, decimals.
-    FieldCase{timeFormat, "TIME", 8, 0, T12_34_56_789, "12:34:57"},
-    FieldCase{timeFormat, "TIME", 5, 0, T12_34_56_789, "12:34"},
-    FieldCase{timeFormat, "TIME", 7, 0, T12_34_56_789, "  12:34"},
-    FieldCase{timeFormat, "TIME", 2, 0, T12_34_56_789, "12"},
-    FieldCase{timeFormat, "TIME", 1, 0, T12_34_56_789, "*"},
-    FieldCase{timeFormat, "TIME", 10, 0, T12_34_56_789, "  12:34:57"},
-    FieldCase{timeFormat, "TIME", 11, 2, T12_34_56_789, "12:34:56.79"},
-    FieldCase{timeFormat, "TIME", 10, 2, T12_34_56_789, "12:34:56.8"},
-    FieldCase{timeFormat, "TIME", 12, 3, T12_34_56_789, "12:34:56.789"},
-    FieldCase{timeFormat, "TIME", 9, 2, T12_34_56_789, " 12:34:57"},
-    FieldCase{timeFormat, "TIME", 8, 0, 0.0, " 0:00:00"},
-    FieldCase{timeFormat, "TIME", 9, 0, 360000.0, "100:00:00"},
-    FieldCase{timeFormat, "TIME", 8, 0, -3600.0, "-1:00:00"},
-    FieldCase{timeFormat, "TIME", 9, 0, -3600.0, " -1:00:00"},
-    FieldCase{timeFormat, "TIME", 2, 0, -36000.0, "**"},
-    // Carries from the seconds into the minutes and hours, and the growth of the hour digits.
-    FieldCase{timeFormat, "TIME", 8, 0, 59.9999, " 0:01:00"},
-    FieldCase{timeFormat, "TIME", 8, 0, 3599.5, " 1:00:00"},
-    FieldCase{timeFormat, "TIME", 9, 0, 359999.5, "100:00:00"},
-    FieldCase{timeFormat, "TIME", 8, 0, 359999.5, "  100:00"},
-    // Decimals asked for but none fit: a plain half second rounds.
-    FieldCase{timeFormat, "TIME", 8, 2, 59.4999999, " 0:00:59"},
-    FieldCase{timeFormat, "TIME", 8, 2, 59.5, " 0:01:00"},
-    // Fewer decimals shown than asked for: just below a whole second shows the whole second.
-    FieldCase{timeFormat, "TIME", 9, 2, 5.949999995, "0:00:06.0"},
-    FieldCase{timeFormat, "TIME", 9, 2, 5.9499999, "0:00:05.9"},
-    // Stored a hair below its decimal form, 0.29 still prints as written.
-    FieldCase{timeFormat, "TIME", 10, 2, 0.29, "0:00:00.29"}));
+INSTANTIATE_TEST_SUITE_P(Time, TimeFormats, testing::ValuesIn(kivo::test::rows({
+        FORMAT_ROWS(time,
+            // What fits, in the order hours, minutes, seconds, decimals.
+            {8, 0, T12_34_56_789, "12:34:57"}, {5, 0, T12_34_56_789, "12:34"}, {7, 0, T12_34_56_789, "  12:34"},
+            {2, 0, T12_34_56_789, "12"}, {1, 0, T12_34_56_789, "*"}, {10, 0, T12_34_56_789, "  12:34:57"},
+            {11, 2, T12_34_56_789, "12:34:56.79"}, {10, 2, T12_34_56_789, "12:34:56.8"},
+            {12, 3, T12_34_56_789, "12:34:56.789"}, {9, 2, T12_34_56_789, " 12:34:57"}, {8, 0, 0.0, " 0:00:00"},
+            {9, 0, 360000.0, "100:00:00"}, {8, 0, -3600.0, "-1:00:00"}, {9, 0, -3600.0, " -1:00:00"},
+            {2, 0, -36000.0, "**"},
+            // Carries from the seconds into the minutes and hours, and the growth of the hour digits.
+            {8, 0, 59.9999, " 0:01:00"}, {8, 0, 3599.5, " 1:00:00"}, {9, 0, 359999.5, "100:00:00"},
+            {8, 0, 359999.5, "  100:00"},
+            // Decimals asked for but none fit: a plain half second rounds.
+            {8, 2, 59.4999999, " 0:00:59"}, {8, 2, 59.5, " 0:01:00"},
+            // Fewer decimals shown than asked for: just below a whole second shows the whole second.
+            {9, 2, 5.949999995, "0:00:06.0"}, {9, 2, 5.9499999, "0:00:05.9"},
+            // Stored a hair below its decimal form, 0.29 still prints as written.
+            {10, 2, 0.29, "0:00:00.29"})})));
 
-INSTANTIATE_TEST_SUITE_P(HhmmMmss, TimeFormats, testing::Values(
-    FieldCase{hhmmFormat, "HHMM", 5, 0, T12_34_56_789, "12:35"},
-    FieldCase{hhmmFormat, "HHMM", 5, 0, 1770.0, " 0:29"},  // a tie of minutes rounds down
-    FieldCase{hhmmFormat, "HHMM", 5, 0, 3570.0, " 0:59"},
-    FieldCase{hhmmFormat, "HHMM", 5, 0, 1770.001, " 0:30"},
-    FieldCase{hhmmFormat, "HHMM", 5, 0, 3570.001, " 1:00"},
-    FieldCase{hhmmFormat, "HHMM", 6, 1, 5400.0, "1:30.0"},
-    FieldCase{hhmmFormat, "HHMM", 5, 1, 5400.0, "1:30."},  // the bare point at nd + 4
-    FieldCase{hhmmFormat, "HHMM", 4, 1, 5400.0, "1:30"},
-    FieldCase{hhmmFormat, "HHMM", 3, 0, 5400.0, "  1"},
-    FieldCase{hhmmFormat, "HHMM", 8, 1, 5400.0, "  1:30.0"},
-    FieldCase{hhmmFormat, "HHMM", 7, 1, 3596.99, " 0:59.9"},
-    FieldCase{hhmmFormat, "HHMM", 7, 1, 3597.0, " 1:00.0"},
-    FieldCase{hhmmFormat, "HHMM", 6, 0, -5400.0, " -1:30"},
-    FieldCase{hhmmFormat, "HHMM", 3, 0, 360000.0, "100"},
-    FieldCase{hhmmFormat, "HHMM", 2, 0, 360000.0, "**"},
-    FieldCase{hhmmFormat, "HHMM", 3, 0, -360000.0, " **"},
-    FieldCase{mmssFormat, "MMSS", 5, 0, 29.5, " 0:30"},  // a tie of seconds rounds up
-    FieldCase{mmssFormat, "MMSS", 5, 0, 29.4999999, " 0:29"},
-    FieldCase{mmssFormat, "MMSS", 5, 0, 3599.5, "60:00"},
-    FieldCase{mmssFormat, "MMSS", 6, 2, 61.25, "1:01.2"},
-    FieldCase{mmssFormat, "MMSS", 7, 2, 61.25, "1:01.25"},
-    FieldCase{mmssFormat, "MMSS", 6, 0, -61.0, " -1:01"},
-    FieldCase{mmssFormat, "MMSS", 2, 0, 6000.0, "**"},
-    // Minutes beyond 32 bits.
-    FieldCase{mmssFormat, "MMSS", 14, 0, 3e11, " 5000000000:00"}));
+INSTANTIATE_TEST_SUITE_P(HhmmMmss, TimeFormats, testing::ValuesIn(kivo::test::rows({
+        FORMAT_ROWS(hhmm,
+            {5, 0, T12_34_56_789, "12:35"},
+            {5, 0, 1770.0, " 0:29"},  // a tie of minutes rounds down
+            {5, 0, 3570.0, " 0:59"}, {5, 0, 1770.001, " 0:30"}, {5, 0, 3570.001, " 1:00"}, {6, 1, 5400.0, "1:30.0"},
+            {5, 1, 5400.0, "1:30."},  // the bare point at nd + 4
+            {4, 1, 5400.0, "1:30"}, {3, 0, 5400.0, "  1"}, {8, 1, 5400.0, "  1:30.0"}, {7, 1, 3596.99, " 0:59.9"},
+            {7, 1, 3597.0, " 1:00.0"}, {6, 0, -5400.0, " -1:30"}, {3, 0, 360000.0, "100"}, {2, 0, 360000.0, "**"},
+            {3, 0, -360000.0, " **"}),
+        FORMAT_ROWS(mmss,
+            {5, 0, 29.5, " 0:30"},  // a tie of seconds rounds up
+            {5, 0, 29.4999999, " 0:29"}, {5, 0, 3599.5, "60:00"}, {6, 2, 61.25, "1:01.2"}, {7, 2, 61.25, "1:01.25"},
+            {6, 0, -61.0, " -1:01"}, {2, 0, 6000.0, "**"},
+            // Minutes beyond 32 bits.
+            {14, 0, 3e11, " 5000000000:00"})})));
 
-INSTANTIATE_TEST_SUITE_P(Hour, TimeFormats, testing::Values(
-    FieldCase{hourFormat, "HOUR", 2, 0, 5400.0, " 2"},
-    FieldCase{hourFormat, "HOUR", 3, 1, 5400.0, "1.5"},
-    FieldCase{hourFormat, "HOUR", 5, 2, 5400.0, " 1.50"},
-    FieldCase{hourFormat, "HOUR", 2, 1, 1800.0, ".5"},
-    FieldCase{hourFormat, "HOUR", 4, 2, 1800.0, "0.50"},
-    FieldCase{hourFormat, "HOUR", 3, 1, -5400.0, "1.5"},  // no sign
-    FieldCase{hourFormat, "HOUR", 2, 0, 34200.0, "10"},   // 9.5 hours gain a digit
-    FieldCase{hourFormat, "HOUR", 3, 1, 35820.0, " 10"},  // 9.95: no room left for a decimal
-    FieldCase{hourFormat, "HOUR", 3, 1, 35819.0, "9.9"},
-    FieldCase{hourFormat, "HOUR", 4, 1, 35820.0, "10.0"},
-    // Hours longer than the width: exponent form, or stars when even that does not fit.
-    FieldCase{hourFormat, "HOUR", 3, 0, 3600000.0, "1E3"},
-    FieldCase{hourFormat, "HOUR", 3, 1, -3600000.0, "1E3"},
-    FieldCase{hourFormat, "HOUR", 6, 0, 5.5e11, "1.53E8"},
-    FieldCase{hourFormat, "HOUR", 2, 0, 360000.0, "**"}));
+INSTANTIATE_TEST_SUITE_P(Hour, TimeFormats, testing::ValuesIn(kivo::test::rows({
+        FORMAT_ROWS(hour,
+            {2, 0, 5400.0, " 2"}, {3, 1, 5400.0, "1.5"}, {5, 2, 5400.0, " 1.50"}, {2, 1, 1800.0, ".5"},
+            {4, 2, 1800.0, "0.50"},
+            {3, 1, -5400.0, "1.5"},  // no sign
+            {2, 0, 34200.0, "10"},  // 9.5 hours gain a digit
+            {3, 1, 35820.0, " 10"},  // 9.95: no room left for a decimal
+            {3, 1, 35819.0, "9.9"}, {4, 1, 35820.0, "10.0"},
+            // Hours longer than the width: exponent form, or stars when even that does not fit.
+            {3, 0, 3600000.0, "1E3"}, {3, 1, -3600000.0, "1E3"}, {6, 0, 5.5e11, "1.53E8"}, {2, 0, 360000.0, "**"})})));
 
 constexpr double T9_05_30 = 9 * 3600 + 5 * 60 + 30;
 constexpr double T13_45_30 = 13 * 3600 + 45 * 60 + 30;
 
-INSTANTIATE_TEST_SUITE_P(Tod, TimeFormats, testing::Values(
-    FieldCase{todFormat, "TOD", 8, 0, T9_05_30, "09:05:30"},
-    FieldCase{todFormat, "TOD", 7, 0, T9_05_30, "9:05:30"},
-    FieldCase{todFormat, "TOD", 5, 0, T9_05_30, "09:05"},
-    FieldCase{todFormat, "TOD", 9, 0, T9_05_30, " 09:05:30"},
-    FieldCase{todFormat, "TOD", 10, 1, T9_05_30, "09:05:30.0"},
-    FieldCase{todFormat, "TOD", 2, 0, T9_05_30, "09"},
-    FieldCase{todFormat, "TOD", 8, 0, T13_45_30, "13:45:30"},
-    FieldCase{todFormat, "TOD", 9, 0, T13_45_30, " 13:45:30"},
-    FieldCase{todFormat, "TOD", 4, 0, T13_45_30, "  13"},
-    FieldCase{todFormat, "TOD", 10, 1, T13_45_30 + 0.25, "13:45:30.3"},
-    FieldCase{todFormat, "TOD", 8, 0, 86399.6, "24:00:00"},  // the hour does not wrap
-    FieldCase{todFormat, "TOD", 8, 0, 35999.6, "10:00:00"},
-    FieldCase{todFormat, "TOD", 8, 0, -86400.0 + T9_05_30, "09:05:30"},  // a datetime before 1960
-    FieldCase{todFormat, "TOD", 8, 0, 22356 * 86400.0 + T13_45_30, "13:45:30"}));
+INSTANTIATE_TEST_SUITE_P(Tod, TimeFormats, testing::ValuesIn(kivo::test::rows({
+        FORMAT_ROWS(tod,
+            {8, 0, T9_05_30, "09:05:30"}, {7, 0, T9_05_30, "9:05:30"}, {5, 0, T9_05_30, "09:05"},
+            {9, 0, T9_05_30, " 09:05:30"}, {10, 1, T9_05_30, "09:05:30.0"}, {2, 0, T9_05_30, "09"},
+            {8, 0, T13_45_30, "13:45:30"}, {9, 0, T13_45_30, " 13:45:30"}, {4, 0, T13_45_30, "  13"},
+            {10, 1, T13_45_30 + 0.25, "13:45:30.3"},
+            {8, 0, 86399.6, "24:00:00"},  // the hour does not wrap
+            {8, 0, 35999.6, "10:00:00"},
+            {8, 0, -86400.0 + T9_05_30, "09:05:30"},  // a datetime before 1960
+            {8, 0, 22356 * 86400.0 + T13_45_30, "13:45:30"})})));
 
 // Beyond the host's datetime range (before 1582, after 20000) a duration is all stars.
-INSTANTIATE_TEST_SUITE_P(OutOfRange, TimeFormats, testing::Values(
-    FieldCase{timeFormat, "TIME", 8, 0, 1e13, "********"},
-    FieldCase{timeFormat, "TIME", 8, 0, -1.2e10, "********"},
-    FieldCase{hhmmFormat, "HHMM", 5, 0, 1e13, "*****"},
-    FieldCase{mmssFormat, "MMSS", 5, 0, -1e13, "*****"},
-    FieldCase{hourFormat, "HOUR", 4, 1, 1e13, "****"},
-    FieldCase{todFormat, "TOD", 8, 0, 1e13, "********"}));
+INSTANTIATE_TEST_SUITE_P(OutOfRange, TimeFormats, testing::ValuesIn(kivo::test::rows({
+        FORMAT_ROWS(time, {8, 0, 1e13, "********"}, {8, 0, -1.2e10, "********"}),
+        FORMAT_ROWS(hhmm, {5, 0, 1e13, "*****"}),
+        FORMAT_ROWS(mmss, {5, 0, -1e13, "*****"}),
+        FORMAT_ROWS(hour, {4, 1, 1e13, "****"}),
+        FORMAT_ROWS(tod, {8, 0, 1e13, "********"})})));
 
 // The missing character goes to the last position whatever the decimals.
 TEST(TimeFormatsMissing, LastPosition) {
