@@ -30,14 +30,21 @@ inline int writeValid(char* field, int width, int decimals, const Value& value, 
     return 0;
 }
 
-// A day serial.
-template <class Write>
-inline int withDate(char* field, int width, int decimals, int missingDecimals, double value, Write write) noexcept {
+// The missing value, then the host value made from the number, then the layout or "*".
+template <class Make, class Write>
+inline int withHostValue(char* field, int width, int decimals, int missingDecimals, double value, Make make,
+                         Write write) noexcept {
     if (writeMissing(value, field, width, missingDecimals)) {
         return 0;
     }
-    const Date date(value);
-    return writeValid(field, width, decimals, date, date.isValid(), write);
+    const auto hostValue = make(value);
+    return writeValid(field, width, decimals, hostValue, hostValue.isValid(), write);
+}
+
+// A day serial.
+template <class Write>
+inline int withDate(char* field, int width, int decimals, int missingDecimals, double value, Write write) noexcept {
+    return withHostValue(field, width, decimals, missingDecimals, value, [](double v) { return Date(v); }, write);
 }
 
 // The DT formats: a seconds serial, of which only the calendar day is shown. An invalid datetime has
@@ -45,22 +52,15 @@ inline int withDate(char* field, int width, int decimals, int missingDecimals, d
 template <class Write>
 inline int withDatetimeDate(char* field, int width, int decimals, int missingDecimals, double value,
                             Write write) noexcept {
-    if (writeMissing(value, field, width, missingDecimals)) {
-        return 0;
-    }
-    const Date date = Datetime(value).date();
-    return writeValid(field, width, decimals, date, date.isValid(), write);
+    return withHostValue(field, width, decimals, missingDecimals, value, [](double v) { return Datetime(v).date(); },
+                         write);
 }
 
 // A seconds serial, shown as a date and a time of day.
 template <class Write>
 inline int withDatetime(char* field, int width, int decimals, int missingDecimals, double value,
                         Write write) noexcept {
-    if (writeMissing(value, field, width, missingDecimals)) {
-        return 0;
-    }
-    const Datetime datetime(value);
-    return writeValid(field, width, decimals, datetime, datetime.isValid(), write);
+    return withHostValue(field, width, decimals, missingDecimals, value, [](double v) { return Datetime(v); }, write);
 }
 
 // A time or a duration: the count of seconds itself is laid out, but only when the host could hold it
