@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <thread>
 
 #include "kivox/CharTables.h"
@@ -130,6 +131,38 @@ TEST(HostServices, ThreadLocatorOverridesTheFallback) {
     EXPECT_NE(session.getService(kivo::Env::ID, kivo::Env::NAME), nullptr);
     EXPECT_EQ(session.systemOptions().getOption("nosuch"), nullptr);
     EXPECT_FALSE(session.systemOptions().setOption("nosuch", "1"));
+}
+
+// Resident pages of this process (the second field of /proc/self/statm).
+long residentPages() {
+    std::ifstream statm("/proc/self/statm");
+    long size = 0, resident = 0;
+    statm >> size >> resident;
+    return resident;
+}
+
+TEST(HostServices, OptionChangesToValuesSeenBeforeHoldNoNewMemory) {
+    kivo::ServiceLocator session;
+    kivo::SystemOptions& options = session.systemOptions();
+    options.setOption("datestyle", "dmy");
+    const char* first = options.getOption("datestyle");
+    options.setOption("datestyle", "mdy");
+    options.setOption("datestyle", "dmy");
+    EXPECT_EQ(options.getOption("datestyle"), first);
+
+    const char* const styles[] = {"dmy", "dym", "mdy", "myd", "ydm", "ymd", "locale"};
+    const auto change = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            options.setOption("datestyle", styles[i % 7]);
+            options.setOption("yearcutoff", i % 2 == 0 ? "1920" : "1940");
+            session.nationalLanguageSupport().setDateStyle(styles[i % 6]);
+        }
+    };
+    change(100);
+    const long before = residentPages();
+    change(1'000'000);
+    // Keeping every replaced text would hold some 100 MB here.
+    EXPECT_LT(residentPages() - before, 256) << "pages";
 }
 
 TEST(HostServicesDeathTest, KivoFailNamesMessageSourceAndLineThenAborts) {

@@ -1,17 +1,19 @@
 #pragma once
 
 #include <atomic>
-#include <memory>
 #include <mutex>
-#include <vector>
+#include <set>
+#include <string>
 
 #include "kivox/Export.h"
 
 namespace kivo {
 
 // A text value that many threads read while, rarely, one thread replaces it. Readers get a pointer to
-// a NUL-terminated copy that stays valid for the life of the owner: replaced copies are retired, not
-// freed, so a reader never needs a lock.
+// a NUL-terminated copy that stays valid for the life of the owner, so a reader never needs a lock.
+// Each distinct text is copied once and kept: going back to a text seen before allocates nothing, so
+// the memory held grows with the number of different texts (an option takes few: seven date styles,
+// the years of the cutoff range), never with the number of changes.
 class KIVOX_EXPORT PublishedText {
 public:
     explicit PublishedText(const char* initial);
@@ -25,7 +27,7 @@ public:
 private:
     std::atomic<const char*> current_;
     std::mutex writers_;
-    std::vector<std::unique_ptr<char[]>> copies_;
+    std::set<std::string, std::less<>> texts_;  // nodes never move, so their texts stay put
 };
 
 class KIVOX_EXPORT Service {

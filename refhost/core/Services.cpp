@@ -1,5 +1,6 @@
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 
 #include "kivox/Services.h"
 
@@ -50,12 +51,13 @@ PublishedText::PublishedText(const char* initial) : current_(nullptr) { set(init
 PublishedText::~PublishedText() = default;
 
 void PublishedText::set(const char* text) {
-    const std::size_t length = std::strlen(text);
-    auto copy = std::make_unique<char[]>(length + 1);
-    std::memcpy(copy.get(), text, length + 1);
+    const std::string_view wanted(text);
     const std::lock_guard<std::mutex> lock(writers_);
-    current_.store(copy.get(), std::memory_order_release);
-    copies_.push_back(std::move(copy));
+    auto kept = texts_.find(wanted);
+    if (kept == texts_.end()) {
+        kept = texts_.emplace(wanted).first;
+    }
+    current_.store(kept->c_str(), std::memory_order_release);
 }
 
 Service::~Service() = default;
