@@ -3,7 +3,9 @@
 #include <atomic>
 #include <mutex>
 #include <set>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "kivox/Export.h"
 
@@ -48,7 +50,8 @@ public:
     // The option's current text, or nullptr for an unknown option.
     const char* getOption(const char* name) const noexcept;
     // False for an unknown option or a value the option cannot take. The date style is stored as
-    // given: checking it is the reader's business.
+    // given: checking it is the reader's business. A user's text goes through kivox/OptionSettings.h
+    // instead, which refuses a style the reader would not take.
     bool setOption(const char* name, const char* value);
     int yearCutoff() const noexcept { return yearCutoff_.load(std::memory_order_relaxed); }
 
@@ -113,10 +116,21 @@ private:
     Env env_;
 };
 
+// An environment variable whose value its option could not take; the option kept its default.
+struct RejectedVariable {
+    const char* name;     // "KIVO_DATESTYLE"
+    const char* allowed;  // what the option takes: "dmy, dym, mdy, myd, ydm, ymd or locale"
+    std::string value;    // the value refused
+};
+
 // The process-wide locator. Its initial option values may come from the environment variables
-// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE and KIVO_MISSING_CHAR, read once when it is
-// first used.
+// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE and KIVO_MISSING_CHAR, read and checked once
+// when it is first used (see kivox/OptionSettings.h).
 KIVOX_EXPORT ServiceLocator& getFallbackServiceCreator() noexcept;
+
+// The variables that the process-wide locator refused when it read the environment; empty when all
+// were good. A program learns here that a variable was bad, and can say so before it does any work.
+KIVOX_EXPORT std::span<const RejectedVariable> rejectedEnvironment();
 
 // The calling thread's locator, or the fallback when it has none.
 inline ServiceLocator& currentServiceLocator() noexcept {

@@ -1,8 +1,9 @@
-#include <cstdlib>
+#include "kivox/Services.h"
+
 #include <cstring>
 #include <string_view>
 
-#include "kivox/Services.h"
+#include "kivox/OptionSettings.h"
 
 namespace kivo {
 
@@ -29,19 +30,19 @@ bool parseYearCutoff(const char* text, int& year) noexcept {
     return true;
 }
 
-void applyEnvironment(ServiceLocator& locator) {
-    if (const char* style = std::getenv("KIVO_DATESTYLE")) {
-        locator.systemOptions().setOption("datestyle", style);
-    }
-    if (const char* cutoff = std::getenv("KIVO_YEARCUTOFF")) {
-        locator.systemOptions().setOption("yearcutoff", cutoff);
-    }
-    if (const char* style = std::getenv("KIVO_LOCALE_DATESTYLE")) {
-        locator.nationalLanguageSupport().setDateStyle(style);
-    }
-    if (const char* missing = std::getenv("KIVO_MISSING_CHAR"); missing != nullptr && std::strlen(missing) == 1) {
-        locator.env().setMissingChar(missing[0]);
-    }
+// The process-wide locator and what its reading of the environment refused. Never destroyed: formats
+// may run on other threads while the process exits.
+struct Fallback {
+    ServiceLocator* locator;
+    std::vector<RejectedVariable> rejected;
+};
+
+const Fallback& fallback() {
+    static const Fallback* const made = [] {
+        auto* locator = new ServiceLocator();
+        return new Fallback{locator, applyEnvironment(*locator)};
+    }();
+    return *made;
 }
 
 }  // namespace
@@ -118,14 +119,8 @@ ServiceLocator* ServiceLocator::setCurrent(ServiceLocator* locator) noexcept {
     return previous;
 }
 
-ServiceLocator& getFallbackServiceCreator() noexcept {
-    static ServiceLocator* const fallback = [] {
-        // Never destroyed: formats may run on other threads while the process exits.
-        auto* locator = new ServiceLocator();
-        applyEnvironment(*locator);
-        return locator;
-    }();
-    return *fallback;
-}
+ServiceLocator& getFallbackServiceCreator() noexcept { return *fallback().locator; }
+
+std::span<const RejectedVariable> rejectedEnvironment() { return fallback().rejected; }
 
 }  // namespace kivo
