@@ -101,6 +101,20 @@ TEST(KivodtValues, PrintsTheShortestRoundTripOrTheMissingNotation) {
     }
 }
 
+TEST(KivodtValues, MessagesShowTextsEscapedAndCut) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"abc", "\"abc\""},
+        {std::string("a\0b", 3), "\"a\\x00b\""},
+        {"say \"hi\"\\", "\"say \\\"hi\\\"\\\\\""},
+        {"\t\r\x7F\xC9", "\"\\t\\x0d\\x7f\\xc9\""},
+        {std::string(60, 'x'), '"' + std::string(60, 'x') + '"'},
+        {std::string(10'000'000, 'x'), '"' + std::string(60, 'x') + "\"... (10000000 bytes)"},
+    };
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(kivodt::quotedForMessage(text), shown);
+    }
+}
+
 // Runs the runner with input and captures what it writes.
 struct Captured {
     int status;

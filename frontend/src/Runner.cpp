@@ -91,8 +91,8 @@ void forEachInput(std::span<const std::string_view> arguments, std::FILE* in, Ha
 constexpr std::size_t FIELD_ROOM = 1024;
 
 void reportLine(std::FILE* err, std::size_t number, bool fromArguments, const char* what, std::string_view text) {
-    std::fprintf(err, "kivodt: %s %zu: %s: \"%.*s\"\n", fromArguments ? "argument" : "line", number, what,
-                 static_cast<int>(text.size()), text.data());
+    std::fprintf(err, "kivodt: %s %zu: %s: %s\n", fromArguments ? "argument" : "line", number, what,
+                 quotedForMessage(text).c_str());
 }
 
 }  // namespace
