@@ -1,4 +1,5 @@
 // kivodt: the date, time and numeric formats and informats of libkivoudtmf from the command line.
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -31,13 +32,28 @@ Options (before the command):
   --yearcutoff YEAR   first year of the window that two-digit years fall into (default 1940)
   --missing-char C    the character printed for an ordinary missing value (default .)
 
-Exit status: 0 all went well; 1 some value or text could not be used (named on standard error);
-2 bad command line or spec.
+Exit status: 0 all went well; 1 some value or text could not be used (named on standard error), or
+reading the input or writing the output failed; 2 bad command line or spec.
 )";
 
 int usageError(const std::string& message) {
     std::fprintf(stderr, "kivodt: %s\n(kivodt --help explains the usage)\n", message.c_str());
     return kivodt::EXIT_USAGE;
+}
+
+// Closes standard output so that a failure to write its last bytes ends the run with a message and
+// status 1 instead of being lost at exit. The runner checks each of its writes and names a failure
+// itself; a failure it already named is not named again.
+int closeStandardOutput(int status, bool failureNamed) {
+    errno = 0;
+    const bool failed = std::ferror(stdout) != 0;
+    if (std::fclose(stdout) == 0 && !failed) {
+        return status;
+    }
+    if (!failureNamed) {
+        std::fprintf(stderr, "kivodt: cannot write standard output: %s\n", std::strerror(errno != 0 ? errno : EIO));
+    }
+    return kivodt::EXIT_STREAM_FAILED;
 }
 
 bool isDateStyle(std::string_view style) {
@@ -89,7 +105,7 @@ int main(int argc, char** argv) {
         const std::string_view option = args[next];
         if (option == "--help") {
             std::fputs(USAGE, stdout);
-            return kivodt::EXIT_OK;
+            return closeStandardOutput(kivodt::EXIT_OK, false);
         }
         if (option == "--hex") {
             hex = true;
@@ -110,7 +126,7 @@ int main(int argc, char** argv) {
     const kivodt::Streams streams{stdin, stdout, stderr};
     if (command == "list") {
         kivodt::printCatalog(stdout);
-        return kivodt::EXIT_OK;
+        return closeStandardOutput(kivodt::EXIT_OK, false);
     }
     if (command != "format" && command != "informat") {
         return usageError("unknown command \"" + std::string(command) + "\"");
@@ -120,16 +136,20 @@ int main(int argc, char** argv) {
     }
     const std::string_view specText = args[next++];
     const std::span<const std::string_view> inputs(args.data() + next, args.size() - next);
+    const kivodt::RunOptions options{.hex = hex};
+    int status = kivodt::EXIT_OK;
     if (command == "format") {
         kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
         if (!kivodt::resolveFormat(specText, spec, error)) {
             return usageError(error);
         }
-        return kivodt::runFormat(spec, inputs, hex, streams);
+        status = kivodt::runFormat(spec, inputs, options, streams);
+    } else {
+        kivodt::ResolvedSpec<kivodt::InformatEntry> spec;
+        if (!kivodt::resolveInformat(specText, spec, error)) {
+            return usageError(error);
+        }
+        status = kivodt::runInformat(spec, inputs, options, streams);
     }
-    kivodt::ResolvedSpec<kivodt::InformatEntry> spec;
-    if (!kivodt::resolveInformat(specText, spec, error)) {
-        return usageError(error);
-    }
-    return kivodt::runInformat(spec, inputs, hex, streams);
+    return closeStandardOutput(status, std::ferror(stdout) != 0);
 }
