@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "kivodt/CommandLine.h"
 #include "kivodt/Runner.h"
 #include "kivodt/Spec.h"
 #include "kivox/Services.h"
@@ -13,9 +14,9 @@
 namespace {
 
 constexpr const char* USAGE = R"(usage:
-  kivodt [OPTIONS] format SPEC [VALUE...]    one line per value: exactly the field's bytes
-  kivodt [OPTIONS] informat SPEC [TEXT...]   one line per text: the value read, or "invalid"
-  kivodt list                                every format and informat with its widths and decimals
+  kivodt [OPTIONS] format [OPTIONS] SPEC [VALUE...]    one line per value: exactly the field's bytes
+  kivodt [OPTIONS] informat [OPTIONS] SPEC [TEXT...]   one line per text: the value read, or "invalid"
+  kivodt list                                          every format and informat with its widths and decimals
   kivodt --help
 
 SPEC is a name with an optional width, point and decimals, in any case: DATE9. date9 TIME12.3 DATE
@@ -26,14 +27,17 @@ With no VALUE or TEXT arguments, they are read from standard input, one per line
 An informat's field is the first `width` bytes of the text, or the whole text when it is shorter or
 when SPEC gives no width.
 
-Options (before the command):
+Options (before or after the command, not after SPEC: there "-5" or "--hex" is a value):
   --hex               write fields / read texts as hex byte pairs (for packed and machine layouts)
   --datestyle STYLE   the "datestyle" option: dmy dym mdy myd ydm ymd or locale (default locale)
   --yearcutoff YEAR   first year of the window that two-digit years fall into (default 1940)
   --missing-char C    the character printed for an ordinary missing value (default .)
 
+Environment: KIVO_DATESTYLE, KIVO_YEARCUTOFF and KIVO_MISSING_CHAR give those options their first
+values, KIVO_LOCALE_DATESTYLE the locale's date style (default mdy); a bad value is an error.
+
 Exit status: 0 all went well; 1 some value or text could not be used (named on standard error), or
-reading the input or writing the output failed; 2 bad command line or spec.
+reading the input or writing the output failed; 2 bad command line, spec or environment variable.
 )";
 
 int usageError(const std::string& message) {
@@ -56,100 +60,50 @@ int closeStandardOutput(int status, bool failureNamed) {
     return kivodt::EXIT_STREAM_FAILED;
 }
 
-bool isDateStyle(std::string_view style) {
-    for (const char* known : {"dmy", "dym", "mdy", "myd", "ydm", "ymd", "locale"}) {
-        if (style == known) {
-            return true;
+int run(const kivodt::CommandLine& line) {
+    const kivodt::Streams streams{stdin, stdout, stderr};
+    const kivodt::RunOptions options{.hex = line.hex};
+    std::string error;
+    if (line.command == "format") {
+        kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
+        if (!kivodt::resolveFormat(line.spec, spec, error)) {
+            return usageError(error);
         }
+        return kivodt::runFormat(spec, line.inputs, options, streams);
     }
-    return false;
-}
-
-// Applies one option with its argument to the process-wide host services; false with a message.
-bool applyOption(std::string_view option, const char* argument, std::string& error) {
-    kivo::ServiceLocator& host = kivo::getFallbackServiceCreator();
-    if (option == "--datestyle") {
-        if (!isDateStyle(argument)) {
-            error = std::string("--datestyle takes dmy, dym, mdy, myd, ydm, ymd or locale, not \"") + argument + "\"";
-            return false;
-        }
-        return host.systemOptions().setOption("datestyle", argument);
+    kivodt::ResolvedSpec<kivodt::InformatEntry> spec;
+    if (!kivodt::resolveInformat(line.spec, spec, error)) {
+        return usageError(error);
     }
-    if (option == "--yearcutoff") {
-        if (!host.systemOptions().setOption("yearcutoff", argument)) {
-            error = std::string("--yearcutoff takes a year from 1582 to 19900, not \"") + argument + "\"";
-            return false;
-        }
-        return true;
-    }
-    if (option == "--missing-char") {
-        if (std::strlen(argument) != 1) {
-            error = std::string("--missing-char takes one character, not \"") + argument + "\"";
-            return false;
-        }
-        host.env().setMissingChar(argument[0]);
-        return true;
-    }
-    error = "unknown option " + std::string(option);
-    return false;
+    return kivodt::runInformat(spec, line.inputs, options, streams);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::vector<std::string_view> args(argv + 1, argv + argc);
-    bool hex = false;
-    std::size_t next = 0;
+    const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+    kivodt::CommandLine line;
     std::string error;
-    for (; next < args.size() && args[next].starts_with("--"); ++next) {
-        const std::string_view option = args[next];
-        if (option == "--help") {
-            std::fputs(USAGE, stdout);
-            return closeStandardOutput(kivodt::EXIT_OK, false);
-        }
-        if (option == "--hex") {
-            hex = true;
-            continue;
-        }
-        if (next + 1 >= args.size()) {
-            return usageError(std::string(option) + " needs an argument");
-        }
-        if (!applyOption(option, argv[next + 2], error)) {
-            return usageError(error);
-        }
-        ++next;
+    if (!kivodt::parseCommandLine(arguments, line, error)) {
+        return usageError(error);
     }
-    if (next >= args.size()) {
-        return usageError("no command given");
+    if (line.help) {
+        std::fputs(USAGE, stdout);
+        return closeStandardOutput(kivodt::EXIT_OK, false);
     }
-    const std::string_view command = args[next++];
-    const kivodt::Streams streams{stdin, stdout, stderr};
-    if (command == "list") {
+    // Checked before any input is read, like the options: a bad variable would otherwise surface only
+    // when a call first reads its option, in the middle of the output.
+    if (!kivodt::checkEnvironment(kivo::rejectedEnvironment(), error)) {
+        std::fprintf(stderr, "kivodt: %s\n", error.c_str());
+        return kivodt::EXIT_USAGE;
+    }
+    if (!kivodt::applySettings(line, kivo::getFallbackServiceCreator(), error)) {
+        return usageError(error);
+    }
+    if (line.command == "list") {
         kivodt::printCatalog(stdout);
         return closeStandardOutput(kivodt::EXIT_OK, false);
     }
-    if (command != "format" && command != "informat") {
-        return usageError("unknown command \"" + std::string(command) + "\"");
-    }
-    if (next >= args.size()) {
-        return usageError(std::string(command) + " needs a SPEC");
-    }
-    const std::string_view specText = args[next++];
-    const std::span<const std::string_view> inputs(args.data() + next, args.size() - next);
-    const kivodt::RunOptions options{.hex = hex};
-    int status = kivodt::EXIT_OK;
-    if (command == "format") {
-        kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
-        if (!kivodt::resolveFormat(specText, spec, error)) {
-            return usageError(error);
-        }
-        status = kivodt::runFormat(spec, inputs, options, streams);
-    } else {
-        kivodt::ResolvedSpec<kivodt::InformatEntry> spec;
-        if (!kivodt::resolveInformat(specText, spec, error)) {
-            return usageError(error);
-        }
-        status = kivodt::runInformat(spec, inputs, options, streams);
-    }
-    return closeStandardOutput(status, std::ferror(stdout) != 0);
+    const int status = run(line);
+    return status == kivodt::EXIT_USAGE ? status : closeStandardOutput(status, std::ferror(stdout) != 0);
 }
