@@ -14,9 +14,12 @@
 namespace {
 
 constexpr const char* USAGE = R"(usage:
-  kivodt [OPTIONS] format [OPTIONS] SPEC [VALUE...]    one line per value: exactly the field's bytes
-  kivodt [OPTIONS] informat [OPTIONS] SPEC [TEXT...]   one line per text: the value read, or "invalid"
-  kivodt list                                          every format and informat with its widths and decimals
+  kivodt [OPTIONS] format [OPTIONS] SPEC [VALUE...]
+      one line per value: exactly the field's bytes
+  kivodt [OPTIONS] informat [OPTIONS] SPEC [TEXT...]
+      one line per text: the value read, or "invalid"
+  kivodt list
+      every format and informat with its widths and decimals
   kivodt --help
 
 SPEC is a name with an optional width, point and decimals, in any case: DATE9. date9 TIME12.3 DATE
