@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "kivodt/InputLines.h"
 #include "kivodt/Runner.h"
 #include "kivodt/Spec.h"
 #include "kivodt/Values.h"
@@ -101,6 +102,20 @@ TEST(KivodtValues, PrintsTheShortestRoundTripOrTheMissingNotation) {
     }
 }
 
+TEST(KivodtValues, MessagesShowTextsEscapedAndCut) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"abc", "\"abc\""},
+        {std::string("a\0b", 3), "\"a\\x00b\""},
+        {"say \"hi\"\\", "\"say \\\"hi\\\"\\\\\""},
+        {"\t\r\x7F\xC9", "\"\\t\\x0d\\x7f\\xc9\""},
+        {std::string(60, 'x'), '"' + std::string(60, 'x') + '"'},
+        {std::string(10'000'000, 'x'), '"' + std::string(60, 'x') + "\"... (10000000 bytes)"},
+    };
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(kivodt::quotedForMessage(text), shown);
+    }
+}
+
 // Runs the runner with input and captures what it writes.
 struct Captured {
     int status;
@@ -136,11 +151,85 @@ TEST(KivodtRunner, StreamsStandardInputAndReportsBadLines) {
     std::string error;
     ASSERT_TRUE(kivodt::resolveFormat("DATE9.", spec, error));
     const Captured run = capture("0\r\n22356\nnope\n.\n-17321", [&](const kivodt::Streams& streams) {
-        return kivodt::runFormat(spec, {}, false, streams);
+        return kivodt::runFormat(spec, {}, {}, streams);
     });
     EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
     EXPECT_EQ(run.out, "01JAN1960\n17MAR2021\n        .\n30JUL1912\n");
     EXPECT_NE(run.err.find("line 3"), std::string::npos) << run.err;
+}
+
+TEST(KivodtRunner, StopsAtAFailedWriteOrReadAndSaysWhy) {
+    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
+    std::string error;
+    ASSERT_TRUE(kivodt::resolveFormat("DATE9.", spec, error));
+    std::string manyLines;
+    for (int i = 0; i < 100'000; ++i) {
+        manyLines += "0\n";
+    }
+    std::FILE* full = std::fopen("/dev/full", "w");
+    ASSERT_NE(full, nullptr);
+    const Captured unwritten = capture(manyLines + "bad\n", [&](kivodt::Streams streams) {
+        streams.out = full;
+        return kivodt::runFormat(spec, {}, {}, streams);
+    });
+    std::fclose(full);
+    EXPECT_EQ(unwritten.status, kivodt::EXIT_STREAM_FAILED);
+    // The run stopped at the failure: the bad last line was never reached.
+    EXPECT_EQ(unwritten.err, "kivodt: cannot write standard output: No space left on device\n");
+
+    std::FILE* directory = std::fopen("/", "r");
+    ASSERT_NE(directory, nullptr);
+    const Captured unread = capture("", [&](kivodt::Streams streams) {
+        streams.in = directory;
+        return kivodt::runFormat(spec, {}, {}, streams);
+    });
+    std::fclose(directory);
+    EXPECT_EQ(unread.status, kivodt::EXIT_STREAM_FAILED);
+    EXPECT_EQ(unread.err, "kivodt: cannot read standard input: Is a directory\n");
+}
+
+TEST(KivodtRunner, NamesALineOverTheLimitAndGoesOn) {
+    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
+    std::string error;
+    ASSERT_TRUE(kivodt::resolveFormat("DATE9.", spec, error));
+    const Captured run = capture("0\n000001\n1\n", [&](const kivodt::Streams& streams) {
+        return kivodt::runFormat(spec, {}, {.maxLineLength = 5}, streams);
+    });
+    EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
+    EXPECT_EQ(run.out, "01JAN1960\n02JAN1960\n");
+    EXPECT_EQ(run.err, "kivodt: line 2: longer than 5 bytes\n");
+}
+
+// The lines InputLines gives for input, each followed by "|"; "<long>" for one over the limit.
+std::string linesOf(const std::string& input, std::size_t limit, std::size_t chunkBytes) {
+    std::FILE* in = std::tmpfile();
+    std::fwrite(input.data(), 1, input.size(), in);
+    std::rewind(in);
+    kivodt::InputLines lines({}, in, limit, chunkBytes);
+    std::string seen;
+    std::string_view line;
+    using Next = kivodt::InputLines::Next;
+    for (Next next = lines.next(line); next == Next::LINE || next == Next::TOO_LONG; next = lines.next(line)) {
+        seen += next == Next::TOO_LONG ? "<long>|" : std::string(line) + "|";
+    }
+    std::fclose(in);
+    return seen;
+}
+
+TEST(KivodtInputLines, LinesOverTheLimitAreSkippedWhereverTheChunksEnd) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"abcd\nabcde\nab\r\n\nx", "abcd|<long>|ab||x|"},
+        {"abcd\r\nabcd\r", "abcd|abcd|"},  // the "\r" before the end of a line does not count
+        {"abcd\r\r\n", "<long>|"},
+        {"abcdefghijklmnop\nab", "<long>|ab|"},
+        {"", ""},
+        {"\n\n", "||"},
+    };
+    for (const auto& [input, lines] : cases) {
+        for (std::size_t chunkBytes = 1; chunkBytes <= 8; ++chunkBytes) {
+            EXPECT_EQ(linesOf(input, 4, chunkBytes), lines) << '"' << input << "\" in chunks of " << chunkBytes;
+        }
+    }
 }
 
 // An informat that shows what it was given: the field, its width and the two middle arguments.
@@ -176,7 +265,7 @@ TEST(KivodtRunner, InformatFieldIsTheFirstWidthBytesOfTheText) {
         const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, c.width, 2, c.widthGiven};
         const std::string_view texts[] = {c.text};
         const Captured run = capture("", [&](const kivodt::Streams& streams) {
-            return kivodt::runInformat(spec, texts, false, streams);
+            return kivodt::runInformat(spec, texts, {}, streams);
         });
         EXPECT_EQ(lastField, c.field) << c.text;
         EXPECT_EQ(lastLength, static_cast<int>(std::strlen(c.text))) << c.text;
@@ -186,7 +275,7 @@ TEST(KivodtRunner, InformatFieldIsTheFirstWidthBytesOfTheText) {
     }
     const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, 8, 0, false};
     const Captured hex = capture("4142FF00\nzz\n", [&](const kivodt::Streams& streams) {
-        return kivodt::runInformat(spec, {}, true, streams);
+        return kivodt::runInformat(spec, {}, {.hex = true}, streams);
     });
     EXPECT_EQ(lastField, std::string("AB\xFF\0", 4));
     EXPECT_EQ(hex.out, "4.5\n");

@@ -6,12 +6,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <string>
 #include <thread>
 
 #include "kivox/CharTables.h"
 #include "kivox/Fail.h"
 #include "kivox/Missing.h"
 #include "kivox/Numbers.h"
+#include "kivox/OptionSettings.h"
 #include "kivox/Services.h"
 
 namespace {
@@ -130,6 +133,82 @@ TEST(HostServices, ThreadLocatorOverridesTheFallback) {
     EXPECT_NE(session.getService(kivo::Env::ID, kivo::Env::NAME), nullptr);
     EXPECT_EQ(session.systemOptions().getOption("nosuch"), nullptr);
     EXPECT_FALSE(session.systemOptions().setOption("nosuch", "1"));
+}
+
+// Resident pages of this process (the second field of /proc/self/statm).
+long residentPages() {
+    std::ifstream statm("/proc/self/statm");
+    long size = 0, resident = 0;
+    statm >> size >> resident;
+    return resident;
+}
+
+TEST(HostServices, OptionChangesToValuesSeenBeforeHoldNoNewMemory) {
+    kivo::ServiceLocator session;
+    kivo::SystemOptions& options = session.systemOptions();
+    options.setOption("datestyle", "dmy");
+    const char* first = options.getOption("datestyle");
+    options.setOption("datestyle", "mdy");
+    options.setOption("datestyle", "dmy");
+    EXPECT_EQ(options.getOption("datestyle"), first);
+
+    const char* const styles[] = {"dmy", "dym", "mdy", "myd", "ydm", "ymd", "locale"};
+    const auto change = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            options.setOption("datestyle", styles[i % 7]);
+            options.setOption("yearcutoff", i % 2 == 0 ? "1920" : "1940");
+            session.nationalLanguageSupport().setDateStyle(styles[i % 6]);
+        }
+    };
+    change(100);
+    const long before = residentPages();
+    change(1'000'000);
+    // Keeping every replaced text would hold some 100 MB here.
+    EXPECT_LT(residentPages() - before, 256) << "pages";
+}
+
+// The options a locator holds, as "datestyle/yearcutoff/locale style/missing character".
+std::string optionsOf(kivo::ServiceLocator& locator) {
+    return std::string(locator.systemOptions().getOption("datestyle")) + "/" +
+           locator.systemOptions().getOption("yearcutoff") + "/" + locator.nationalLanguageSupport().dateStyle() + "/" +
+           locator.env().missingChar();
+}
+
+TEST(HostServices, EnvironmentValuesAreCheckedAsTheyAreRead) {
+    struct Case {
+        const char* variable;
+        const char* value;
+        const char* options;  // what the locator holds afterwards; the defaults when the value is refused
+    };
+    const char* const defaults = "locale/1940/mdy/.";
+    const Case cases[] = {
+        {"KIVO_DATESTYLE", "DMY", "DMY/1940/mdy/."},
+        {"KIVO_DATESTYLE", "xyz", defaults},
+        {"KIVO_DATESTYLE", "", defaults},
+        {"KIVO_YEARCUTOFF", "1920", "locale/1920/mdy/."},
+        {"KIVO_YEARCUTOFF", "abc", defaults},
+        {"KIVO_YEARCUTOFF", "99999", defaults},
+        {"KIVO_LOCALE_DATESTYLE", "ymd", "locale/1940/ymd/."},
+        {"KIVO_LOCALE_DATESTYLE", "locale", defaults},
+        {"KIVO_MISSING_CHAR", "?", "locale/1940/mdy/?"},
+        {"KIVO_MISSING_CHAR", "ab", defaults},
+        {"KIVO_MISSING_CHAR", "", defaults},
+    };
+    for (const Case& c : cases) {
+        ::setenv(c.variable, c.value, 1);
+        kivo::ServiceLocator session;
+        const std::vector<kivo::RejectedVariable> rejected = kivo::applyEnvironment(session);
+        ::unsetenv(c.variable);
+        EXPECT_EQ(optionsOf(session), c.options) << c.variable << "=" << c.value;
+        if (std::string(c.options) == defaults) {
+            ASSERT_EQ(rejected.size(), 1u) << c.variable << "=" << c.value;
+            EXPECT_STREQ(rejected[0].name, c.variable);
+            EXPECT_EQ(rejected[0].value, c.value);
+            EXPECT_NE(std::string(rejected[0].allowed), "");
+        } else {
+            EXPECT_TRUE(rejected.empty()) << c.variable << "=" << c.value;
+        }
+    }
 }
 
 TEST(HostServicesDeathTest, KivoFailNamesMessageSourceAndLineThenAborts) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "kivodt/BufferedOutput.h"
+#include "kivodt/InputLines.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
 
@@ -11,134 +13,93 @@ namespace kivodt {
 
 namespace {
 
-// Output collected in a large buffer and written in big pieces, so that millions of lines stream.
-class BufferedOutput {
-public:
-    explicit BufferedOutput(std::FILE* file) : file_(file) {}
-    BufferedOutput(const BufferedOutput&) = delete;
-    BufferedOutput& operator=(const BufferedOutput&) = delete;
-    ~BufferedOutput() { flush(); }
-
-    void write(const char* bytes, std::size_t size) {
-        if (used_ + size > sizeof buffer_) {
-            flush();
-        }
-        if (size > sizeof buffer_) {
-            std::fwrite(bytes, 1, size, file_);
-            return;
-        }
-        std::memcpy(buffer_ + used_, bytes, size);
-        used_ += size;
-    }
-    void line(const char* bytes, std::size_t size) {
-        write(bytes, size);
-        write("\n", 1);
-    }
-    void flush() {
-        if (used_ > 0) {
-            std::fwrite(buffer_, 1, used_, file_);
-            used_ = 0;
-        }
-        std::fflush(file_);
-    }
-
-private:
-    std::FILE* file_;
-    std::size_t used_ = 0;
-    char buffer_[1 << 16];
-};
-
-// Calls handle(line, number) for each argument, or for each line of in (without its "\n" or "\r\n").
-template <class Handle>
-void forEachInput(std::span<const std::string_view> arguments, std::FILE* in, Handle handle) {
-    if (!arguments.empty()) {
-        std::size_t number = 0;
-        for (std::string_view argument : arguments) {
-            handle(argument, ++number);
-        }
-        return;
-    }
-    std::vector<char> chunk(1 << 20);
-    std::string carry;
-    std::size_t number = 0;
-    const auto emit = [&](std::string_view line) {
-        if (!line.empty() && line.back() == '\r') {
-            line.remove_suffix(1);
-        }
-        handle(line, ++number);
-    };
-    std::size_t got = 0;
-    while ((got = std::fread(chunk.data(), 1, chunk.size(), in)) > 0) {
-        std::string_view rest(chunk.data(), got);
-        for (std::size_t newline = rest.find('\n'); newline != std::string_view::npos; newline = rest.find('\n')) {
-            if (carry.empty()) {
-                emit(rest.substr(0, newline));
-            } else {
-                carry.append(rest.substr(0, newline));
-                emit(carry);
-                carry.clear();
-            }
-            rest.remove_prefix(newline + 1);
-        }
-        carry.append(rest);
-    }
-    if (!carry.empty()) {
-        emit(carry);
-    }
-}
-
 // Room for the widest field the catalog allows, with a guard either side that no format may touch.
 constexpr std::size_t FIELD_ROOM = 1024;
 
-void reportLine(std::FILE* err, std::size_t number, bool fromArguments, const char* what, std::string_view text) {
-    std::fprintf(err, "kivodt: %s %zu: %s: \"%.*s\"\n", fromArguments ? "argument" : "line", number, what,
-                 static_cast<int>(text.size()), text.data());
+void reportLine(std::FILE* err, const InputLines& inputs, const char* what, std::string_view text) {
+    std::fprintf(err, "kivodt: %s %zu: %s: %s\n", inputs.fromArguments() ? "argument" : "line", inputs.number(),
+                 what, quotedForMessage(text).c_str());
+}
+
+void reportTooLong(std::FILE* err, const InputLines& inputs, std::size_t maxLineLength) {
+    std::fprintf(err, "kivodt: %s %zu: longer than %zu bytes\n", inputs.fromArguments() ? "argument" : "line",
+                 inputs.number(), maxLineLength);
+}
+
+int reportStreamFailure(std::FILE* err, const char* what, int error) {
+    std::fprintf(err, "kivodt: cannot %s: %s\n", what, std::strerror(error));
+    return EXIT_STREAM_FAILED;
+}
+
+// Gives each value or text to convert(text, inputs, out), which writes its line and returns EXIT_OK or
+// EXIT_BAD_INPUT. The run stops at the first failed read or write.
+template <class Convert>
+int runEach(std::span<const std::string_view> arguments, const RunOptions& options, const Streams& streams,
+            Convert convert) {
+    BufferedOutput out(streams.out);
+    InputLines inputs(arguments, streams.in, options.maxLineLength);
+    int status = EXIT_OK;
+    std::string_view text;
+    for (auto next = inputs.next(text); next == InputLines::Next::LINE || next == InputLines::Next::TOO_LONG;
+         next = inputs.next(text)) {
+        if (next == InputLines::Next::TOO_LONG) {
+            reportTooLong(streams.err, inputs, options.maxLineLength);
+            status = EXIT_BAD_INPUT;
+        } else if (convert(text, inputs, out) != EXIT_OK) {
+            status = EXIT_BAD_INPUT;
+        }
+        if (out.failed()) {
+            break;
+        }
+    }
+    if (!out.flush()) {
+        return reportStreamFailure(streams.err, "write standard output", out.error());
+    }
+    if (inputs.readError() != 0) {
+        return reportStreamFailure(streams.err, "read standard input", inputs.readError());
+    }
+    return status;
 }
 
 }  // namespace
 
-int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string_view> values, bool hex,
-              const Streams& streams) {
-    BufferedOutput out(streams.out);
+int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string_view> values,
+              const RunOptions& options, const Streams& streams) {
     std::vector<char> field(FIELD_ROOM);
     std::vector<char> hexField(2 * FIELD_ROOM);
     const auto width = static_cast<std::size_t>(spec.width);
-    int status = EXIT_OK;
-    forEachInput(values, streams.in, [&](std::string_view text, std::size_t number) {
+    return runEach(values, options, streams, [&](std::string_view text, const InputLines& inputs, BufferedOutput& out) {
         double value = 0;
         if (!parseValue(text, value)) {
-            reportLine(streams.err, number, !values.empty(), "not a number or missing value", text);
-            status = EXIT_BAD_INPUT;
-            return;
+            reportLine(streams.err, inputs, "not a number or missing value", text);
+            return EXIT_BAD_INPUT;
         }
         spec.entry->function(field.data(), spec.width, spec.decimals, value);
-        if (hex) {
+        if (options.hex) {
             encodeHex(field.data(), width, hexField.data());
             out.line(hexField.data(), 2 * width);
         } else {
             out.line(field.data(), width);
         }
+        return EXIT_OK;
     });
-    return status;
 }
 
-int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts, bool hex,
-                const Streams& streams) {
-    BufferedOutput out(streams.out);
+int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts,
+                const RunOptions& options, const Streams& streams) {
     std::string bytes;
     std::vector<char> field;
-    int status = EXIT_OK;
-    forEachInput(texts, streams.in, [&](std::string_view text, std::size_t number) {
-        if (hex) {
+    return runEach(texts, options, streams, [&](std::string_view text, const InputLines& inputs, BufferedOutput& out) {
+        if (options.hex) {
             if (!decodeHex(text, bytes)) {
-                reportLine(streams.err, number, !texts.empty(), "not hex pairs", text);
-                status = EXIT_BAD_INPUT;
-                return;
+                reportLine(streams.err, inputs, "not hex pairs", text);
+                return EXIT_BAD_INPUT;
             }
             text = bytes;
         }
         // The field is the first `width` bytes of the text, or the whole text when it is shorter or when
-        // the spec gave no width; copied, so that the informat sees nothing beyond it.
+        // the spec gave no width; copied, so that the informat sees nothing beyond it. The line limit
+        // keeps the text's length within an int.
         const std::size_t fieldLength =
             spec.widthGiven && text.size() > static_cast<std::size_t>(spec.width) ? spec.width : text.size();
         field.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(fieldLength));
@@ -147,13 +108,12 @@ int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::st
                                                   static_cast<int>(text.size()), spec.decimals, &result);
         if (accepted == 0) {
             out.line("invalid", 7);
-            status = EXIT_BAD_INPUT;
-            return;
+            return EXIT_BAD_INPUT;
         }
         char printed[32];
         out.line(printed, printValue(result, printed));
+        return EXIT_OK;
     });
-    return status;
 }
 
 void printCatalog(std::FILE* out) {

@@ -89,4 +89,30 @@ void encodeHex(const char* bytes, std::size_t size, char* out) {
     }
 }
 
+std::string quotedForMessage(std::string_view text) {
+    constexpr char HEX[] = "0123456789abcdef";
+    const std::string_view shown = text.substr(0, SHOWN_TEXT_BYTES);
+    std::string quoted = "\"";
+    for (const char c : shown) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\') {
+            quoted += '\\';
+            quoted += c;
+        } else if (c == '\t') {
+            quoted += "\\t";
+        } else if (byte >= 0x20 && byte < 0x7F) {
+            quoted += c;
+        } else {
+            quoted += "\\x";
+            quoted += HEX[byte >> 4];
+            quoted += HEX[byte & 0xF];
+        }
+    }
+    quoted += '"';
+    if (shown.size() < text.size()) {
+        quoted += "... (" + std::to_string(text.size()) + " bytes)";
+    }
+    return quoted;
+}
+
 }  // namespace kivodt

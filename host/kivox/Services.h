@@ -1,8 +1,10 @@
 #pragma once
 
 #include <atomic>
-#include <memory>
 #include <mutex>
+#include <set>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "kivox/Export.h"
@@ -10,8 +12,10 @@
 namespace kivo {
 
 // A text value that many threads read while, rarely, one thread replaces it. Readers get a pointer to
-// a NUL-terminated copy that stays valid for the life of the owner: replaced copies are retired, not
-// freed, so a reader never needs a lock.
+// a NUL-terminated copy that stays valid for the life of the owner, so a reader never needs a lock.
+// Each distinct text is copied once and kept: going back to a text seen before allocates nothing, so
+// the memory held grows with the number of different texts (an option takes few: seven date styles,
+// the years of the cutoff range), never with the number of changes.
 class KIVOX_EXPORT PublishedText {
 public:
     explicit PublishedText(const char* initial);
@@ -25,7 +29,7 @@ public:
 private:
     std::atomic<const char*> current_;
     std::mutex writers_;
-    std::vector<std::unique_ptr<char[]>> copies_;
+    std::set<std::string, std::less<>> texts_;  // nodes never move, so their texts stay put
 };
 
 class KIVOX_EXPORT Service {
@@ -46,7 +50,8 @@ public:
     // The option's current text, or nullptr for an unknown option.
     const char* getOption(const char* name) const noexcept;
     // False for an unknown option or a value the option cannot take. The date style is stored as
-    // given: checking it is the reader's business.
+    // given: checking it is the reader's business. A user's text goes through kivox/OptionSettings.h
+    // instead, which refuses a style the reader would not take.
     bool setOption(const char* name, const char* value);
     int yearCutoff() const noexcept { return yearCutoff_.load(std::memory_order_relaxed); }
 
@@ -111,10 +116,21 @@ private:
     Env env_;
 };
 
+// An environment variable whose value its option could not take; the option kept its default.
+struct RejectedVariable {
+    const char* name;     // "KIVO_DATESTYLE"
+    const char* allowed;  // what the option takes: "dmy, dym, mdy, myd, ydm, ymd or locale"
+    std::string value;    // the value refused
+};
+
 // The process-wide locator. Its initial option values may come from the environment variables
-// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE and KIVO_MISSING_CHAR, read once when it is
-// first used.
+// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE and KIVO_MISSING_CHAR, read and checked once
+// when it is first used (see kivox/OptionSettings.h).
 KIVOX_EXPORT ServiceLocator& getFallbackServiceCreator() noexcept;
+
+// The variables that the process-wide locator refused when it read the environment; empty when all
+// were good. A program learns here that a variable was bad, and can say so before it does any work.
+KIVOX_EXPORT std::span<const RejectedVariable> rejectedEnvironment();
 
 // The calling thread's locator, or the fallback when it has none.
 inline ServiceLocator& currentServiceLocator() noexcept {

@@ -1,7 +1,9 @@
-#include <cstdlib>
-#include <cstring>
-
 #include "kivox/Services.h"
+
+#include <cstring>
+#include <string_view>
+
+#include "kivox/OptionSettings.h"
 
 namespace kivo {
 
@@ -28,19 +30,19 @@ bool parseYearCutoff(const char* text, int& year) noexcept {
     return true;
 }
 
-void applyEnvironment(ServiceLocator& locator) {
-    if (const char* style = std::getenv("KIVO_DATESTYLE")) {
-        locator.systemOptions().setOption("datestyle", style);
-    }
-    if (const char* cutoff = std::getenv("KIVO_YEARCUTOFF")) {
-        locator.systemOptions().setOption("yearcutoff", cutoff);
-    }
-    if (const char* style = std::getenv("KIVO_LOCALE_DATESTYLE")) {
-        locator.nationalLanguageSupport().setDateStyle(style);
-    }
-    if (const char* missing = std::getenv("KIVO_MISSING_CHAR"); missing != nullptr && std::strlen(missing) == 1) {
-        locator.env().setMissingChar(missing[0]);
-    }
+// The process-wide locator and what its reading of the environment refused. Never destroyed: formats
+// may run on other threads while the process exits.
+struct Fallback {
+    ServiceLocator* locator;
+    std::vector<RejectedVariable> rejected;
+};
+
+const Fallback& fallback() {
+    static const Fallback* const made = [] {
+        auto* locator = new ServiceLocator();
+        return new Fallback{locator, applyEnvironment(*locator)};
+    }();
+    return *made;
 }
 
 }  // namespace
@@ -50,12 +52,13 @@ PublishedText::PublishedText(const char* initial) : current_(nullptr) { set(init
 PublishedText::~PublishedText() = default;
 
 void PublishedText::set(const char* text) {
-    const std::size_t length = std::strlen(text);
-    auto copy = std::make_unique<char[]>(length + 1);
-    std::memcpy(copy.get(), text, length + 1);
+    const std::string_view wanted(text);
     const std::lock_guard<std::mutex> lock(writers_);
-    current_.store(copy.get(), std::memory_order_release);
-    copies_.push_back(std::move(copy));
+    auto kept = texts_.find(wanted);
+    if (kept == texts_.end()) {
+        kept = texts_.emplace(wanted).first;
+    }
+    current_.store(kept->c_str(), std::memory_order_release);
 }
 
 Service::~Service() = default;
@@ -116,14 +119,8 @@ ServiceLocator* ServiceLocator::setCurrent(ServiceLocator* locator) noexcept {
     return previous;
 }
 
-ServiceLocator& getFallbackServiceCreator() noexcept {
-    static ServiceLocator* const fallback = [] {
-        // Never destroyed: formats may run on other threads while the process exits.
-        auto* locator = new ServiceLocator();
-        applyEnvironment(*locator);
-        return locator;
-    }();
-    return *fallback;
-}
+ServiceLocator& getFallbackServiceCreator() noexcept { return *fallback().locator; }
+
+std::span<const RejectedVariable> rejectedEnvironment() { return fallback().rejected; }
 
 }  // namespace kivo

@@ -1,18 +1,28 @@
 #!/bin/sh
 # kivodt end to end: exact output bytes and exit statuses.
 set -u
+set -f  # option words below are split on blanks, and "?" must stay a character
 KIVODT=$1
 failures=0
 
-expect() {  # expect NAME EXPECTED_STATUS EXPECTED_OUTPUT -- command...
-    name=$1 status=$2 expected=$3
-    shift 4
-    actual=$("$@" 2>/dev/null)
+check() {  # check out|err NAME EXPECTED_STATUS EXPECTED_TEXT -- command...: standard output or error
+    stream=$1 name=$2 status=$3 expected=$4
+    shift 5
+    if [ "$stream" = out ]; then actual=$("$@" 2>/dev/null); else actual=$("$@" 2>&1 >/dev/null); fi
     got=$?
     if [ "$got" -ne "$status" ] || [ "$actual" != "$expected" ]; then
         printf 'FAIL %s: status %s (want %s)\n--- got\n%s\n--- want\n%s\n' "$name" "$got" "$status" "$actual" "$expected"
         failures=$((failures + 1))
     fi
+}
+expect() { check out "$@"; }
+fails() { check err "$@"; }
+
+both_positions() {  # both_positions EXPECTED_OUTPUT "OPTION [ARGUMENT]" COMMAND SPEC VALUE...
+    expected=$1 option=$2 command=$3
+    shift 3
+    expect "$option before $command" 0 "$expected" -- "$KIVODT" $option "$command" "$@"
+    expect "$option after $command" 0 "$expected" -- "$KIVODT" "$command" $option "$@"
 }
 
 expect "DATE9 arguments" 0 "17MAR2021
@@ -20,12 +30,10 @@ expect "DATE9 arguments" 0 "17MAR2021
 expect "lower-case spec, default width" 0 "01JAN60" -- "$KIVODT" format date 0
 expect "missing values" 0 "      .
       A" -- "$KIVODT" format DATE7. . .a
-expect "missing character option" 0 "      ?" -- "$KIVODT" --missing-char '?' format DATE7. .
 expect "standard input" 0 "01JAN1960
 02JAN1960" -- sh -c "printf '0\n1\n' | '$KIVODT' format DATE9."
 expect "bad line goes on" 1 "01JAN1960
 02JAN1960" -- sh -c "printf '0\nabc\n1\n' | '$KIVODT' format DATE9."
-expect "hex output" 0 "2031" -- "$KIVODT" --hex format DAY2. 0
 expect "width out of range" 2 "" -- "$KIVODT" format DATE12. 0
 expect "unknown format" 2 "" -- "$KIVODT" format DATX9. 0
 expect "unknown informat" 2 "" -- "$KIVODT" informat NOSUCH 0
@@ -66,6 +74,30 @@ expect "ANYDTDTE date style" 0 "15737
 expect "ANYDTTME and ANYDTDTM" 0 "48600
 -5400
 1263551400" -- sh -c "'$KIVODT' informat ANYDTTME '1:30 PM' -1:30 && '$KIVODT' informat ANYDTDTM 2000-01-15T10:30:00"
+
+both_positions "2031" "--hex" format DAY2. 0
+both_positions "15737" "--datestyle dmy" informat ANYDTDTE 01/02/2003
+both_positions "-14974" "--yearcutoff 1900" informat ANYDTDTE 01/02/19
+both_positions "      ?" "--missing-char ?" format DATE7. .
+expect "after SPEC, -5 is a value" 0 "27DEC1959" -- "$KIVODT" format DATE9. -5
+expect "after SPEC, --hex is a value" 1 "" -- "$KIVODT" format DATE9. --hex
+expect "help after the command" 0 "usage:" -- sh -c "'$KIVODT' format --help | head -1"
+
+full="kivodt: cannot write standard output: No space left on device"
+fails "format to a full device" 1 "$full" -- sh -c "'$KIVODT' format DATE9. 0 >/dev/full"
+fails "list to a full device" 1 "$full" -- sh -c "'$KIVODT' list >/dev/full"
+fails "help to a full device" 1 "$full" -- sh -c "'$KIVODT' --help >/dev/full"
+fails "directory as input" 1 "kivodt: cannot read standard input: Is a directory" -- sh -c "'$KIVODT' format DATE9. </"
+fails "closed input" 1 "kivodt: cannot read standard input: Bad file descriptor" -- sh -c "'$KIVODT' format DATE9. <&-"
+env_error() {  # env_error VARIABLE=VALUE ALLOWED: named before any input is read
+    fails "$1" 2 "kivodt: environment variable ${1%%=*} takes $2, not \"${1#*=}\"" -- \
+        sh -c "echo 01/02/2003 | env '$1' '$KIVODT' informat ANYDTDTE"
+}
+env_error KIVO_DATESTYLE=xyz "dmy, dym, mdy, myd, ydm, ymd or locale"
+env_error KIVO_DATESTYLE= "dmy, dym, mdy, myd, ydm, ymd or locale"
+env_error KIVO_LOCALE_DATESTYLE=locale "dmy, dym, mdy, myd, ydm or ymd"
+env_error KIVO_YEARCUTOFF=abc "a year from 1582 to 19900"
+env_error KIVO_MISSING_CHAR=ab "one character"
 
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))

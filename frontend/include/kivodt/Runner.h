@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdio>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -10,8 +12,12 @@ namespace kivodt {
 
 // Exit statuses of kivodt.
 inline constexpr int EXIT_OK = 0;
-inline constexpr int EXIT_BAD_INPUT = 1;  // some value or text could not be used; the run went on
-inline constexpr int EXIT_USAGE = 2;      // bad command line or spec; nothing was run
+inline constexpr int EXIT_BAD_INPUT = 1;      // some value or text could not be used; the run went on
+inline constexpr int EXIT_STREAM_FAILED = 1;  // reading the input or writing the output failed; the run stopped
+inline constexpr int EXIT_USAGE = 2;          // bad command line, spec or environment; nothing was run
+
+// An informat takes the text's length as an int, so no longer line can be read.
+inline constexpr std::size_t MAX_LINE_LENGTH = std::numeric_limits<int>::max();
 
 struct Streams {
     std::FILE* in;
@@ -19,14 +25,22 @@ struct Streams {
     std::FILE* err;
 };
 
-// One line per value: exactly the field's bytes (as hex pairs with hex set). The values are the
-// arguments, or the lines of streams.in when there are none.
-int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string_view> values, bool hex,
-              const Streams& streams);
+struct RunOptions {
+    bool hex = false;                             // fields written / texts read as hex byte pairs
+    std::size_t maxLineLength = MAX_LINE_LENGTH;  // a longer line or argument is named and skipped
+};
 
-// One line per text: the value read, or "invalid". Texts are hex pairs with hex set.
-int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts, bool hex,
-                const Streams& streams);
+// A run takes the arguments, or the lines of streams.in when there are none. A line that cannot be used
+// is named on streams.err and the run goes on (status 1); a failed read or write is named there too
+// ("kivodt: cannot write standard output: No space left on device") and ends the run (status 1).
+
+// One line per value: exactly the field's bytes (as hex pairs with options.hex).
+int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string_view> values,
+              const RunOptions& options, const Streams& streams);
+
+// One line per text: the value read, or "invalid". Texts are hex pairs with options.hex.
+int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts,
+                const RunOptions& options, const Streams& streams);
 
 // Every format and informat with its widths, default width and decimals.
 void printCatalog(std::FILE* out);

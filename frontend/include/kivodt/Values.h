@@ -19,4 +19,12 @@ bool decodeHex(std::string_view text, std::string& bytes);
 // Bytes to upper-case hex pairs; out must hold 2 * size characters.
 void encodeHex(const char* bytes, std::size_t size, char* out);
 
+// How many bytes of a text a message shows before it cuts the rest.
+inline constexpr std::size_t SHOWN_TEXT_BYTES = 60;
+
+// A text as a message shows it: in double quotes, with every byte that is not printable ASCII written
+// as \xHH ("\t" for a tab, \" and \\ for a quote and a backslash): "a\x00b". A longer text shows its
+// first SHOWN_TEXT_BYTES bytes in the quotes, then its length: "<first 60 bytes>"... (10485760 bytes).
+std::string quotedForMessage(std::string_view text);
+
 }  // namespace kivodt

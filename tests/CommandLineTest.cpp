@@ -1,0 +1,94 @@
+// kivodt's command line: options before or after the command word, values after SPEC, refusals.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kivodt/CommandLine.h"
+
+namespace {
+
+using Arguments = std::vector<std::string_view>;
+
+// What a command line asks for, in one comparable text, with the options it sets applied to a
+// fresh locator.
+std::string meaningOf(const Arguments& arguments) {
+    kivodt::CommandLine line;
+    std::string error;
+    if (!kivodt::parseCommandLine(arguments, line, error)) {
+        return "error: " + error;
+    }
+    if (line.help) {
+        return "help";
+    }
+    kivo::ServiceLocator session;
+    if (!kivodt::applySettings(line, session, error)) {
+        return "refused: " + error;
+    }
+    std::string meaning =
+        std::string(line.hex ? "hex " : "") + std::string(line.command) + " " + std::string(line.spec) + " [";
+    for (std::string_view input : line.inputs) {
+        meaning += std::string(input) + ";";
+    }
+    return meaning + "] " + session.systemOptions().getOption("datestyle") + "/" +
+           session.systemOptions().getOption("yearcutoff") + "/" + session.env().missingChar();
+}
+
+TEST(KivodtCommandLine, EveryOptionMeansTheSameBeforeAndAfterTheCommand) {
+    const std::map<std::string_view, std::string_view> samples = {
+        {"--datestyle", "dmy"}, {"--yearcutoff", "1920"}, {"--missing-char", "?"}};
+    for (const kivodt::CommandLineOption& option : kivodt::commandLineOptions()) {
+        Arguments given = {option.name};
+        if (option.setting != nullptr) {
+            ASSERT_TRUE(samples.contains(option.name)) << option.name << " needs a sample argument here";
+            given.push_back(samples.at(option.name));
+        }
+        Arguments before = given, after = {"informat"};
+        before.insert(before.end(), {"informat", "ANYDTDTE", "01/02/03"});
+        after.insert(after.end(), given.begin(), given.end());
+        after.insert(after.end(), {"ANYDTDTE", "01/02/03"});
+        const std::string meaning = meaningOf(before);
+        EXPECT_EQ(meaning, meaningOf(after)) << option.name;
+        EXPECT_NE(meaning, meaningOf({"informat", "ANYDTDTE", "01/02/03"})) << option.name << " changed nothing";
+    }
+}
+
+TEST(KivodtCommandLine, EverythingAfterTheSpecIsAValue) {
+    EXPECT_EQ(meaningOf({"--datestyle", "ymd", "format", "--hex", "DATE9.", "-5", "--hex", "--datestyle", "dmy"}),
+              "hex format DATE9. [-5;--hex;--datestyle;dmy;] ymd/1940/.");
+    EXPECT_EQ(meaningOf({"--datestyle", "ymd", "informat", "--datestyle", "dmy", "ANYDTDTE"}),
+              "informat ANYDTDTE [] dmy/1940/.");
+    EXPECT_EQ(meaningOf({"list", "--hex"}), "hex list  [] locale/1940/.");
+}
+
+TEST(KivodtCommandLine, BadCommandLinesAreNamed) {
+    const std::pair<Arguments, std::string> cases[] = {
+        {{}, "error: no command given"},
+        {{"--hex"}, "error: no command given"},
+        {{"formats", "DATE9."}, "error: unknown command \"formats\""},
+        {{"format"}, "error: format needs a SPEC"},
+        {{"format", "--hex"}, "error: format needs a SPEC"},
+        {{"format", "--datestyle"}, "error: --datestyle needs an argument"},
+        {{"format", "--date", "dmy", "DATE9."}, "error: unknown option \"--date\""},
+        {{"format", "--datestyle", "xyz", "DATE9."},
+         "refused: --datestyle takes dmy, dym, mdy, myd, ydm, ymd or locale, not \"xyz\""},
+        {{"--yearcutoff", "19x0", "list"}, "refused: --yearcutoff takes a year from 1582 to 19900, not \"19x0\""},
+        {{"format", "--missing-char", "ab", "DATE9."}, "refused: --missing-char takes one character, not \"ab\""},
+    };
+    for (const auto& [arguments, meaning] : cases) {
+        EXPECT_EQ(meaningOf(arguments), meaning);
+    }
+}
+
+TEST(KivodtCommandLine, ARefusedEnvironmentVariableIsNamedWithWhatItTakes) {
+    std::string error;
+    EXPECT_TRUE(kivodt::checkEnvironment({}, error));
+    const kivo::RejectedVariable rejected[] = {{"KIVO_YEARCUTOFF", "a year from 1582 to 19900", "abc"},
+                                               {"KIVO_MISSING_CHAR", "one character", "ab"}};
+    EXPECT_FALSE(kivodt::checkEnvironment(rejected, error));
+    EXPECT_EQ(error, "environment variable KIVO_YEARCUTOFF takes a year from 1582 to 19900, not \"abc\"");
+}
+
+}  // namespace
