@@ -39,4 +39,28 @@ KIVO_EXPORT int mdyampmFormat(char* field, int width, int decimals, double value
 KIVO_EXPORT int dmyampmFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int mondytmFormat(char* field, int width, int decimals, double value);
 
+// Dates as digits in a fixed order: the suffix names the separator (B blank, C colon, D dash, P point,
+// S slash, N none); the plain names use '/' (DDMMYY, MMDDYY) and '-' (YYMMDD).
+KIVO_EXPORT int ddmmyyFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyybFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyycFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyydFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyynFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyypFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyysFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyyFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyybFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyycFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyydFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyynFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyypFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyysFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddbFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddcFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmdddFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddnFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddpFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddsFormat(char* field, int width, int decimals, double value);
+
 }  // extern "C"

@@ -45,4 +45,18 @@ inline void writeDatePieces(char*& out, std::string_view pieces, const Date::YMD
     }
 }
 
+// ---- Layouts by width (day-month-year, month-year and quarter families) ----
+
+// A family's rows of pieces for consecutive widths, the first row for `narrowest`.
+template <std::size_t COUNT>
+struct LayoutsByWidth {
+    int narrowest;
+    std::string_view rows[COUNT];
+
+    constexpr int widest() const noexcept { return narrowest + static_cast<int>(COUNT) - 1; }
+    constexpr bool covers(int width) const noexcept { return width >= narrowest && width <= widest(); }
+    // The row of a width the table covers.
+    constexpr std::string_view at(int width) const noexcept { return rows[width - narrowest]; }
+};
+
 }  // namespace kivo::format::datetime::layout

@@ -13,4 +13,12 @@ KIVO_EXPORT void doDateFormat(const kivo::Date& date, char*& out, int width);
 // digits at wider fields.
 KIVO_EXPORT void doYearFormat(const kivo::Date& date, char*& out, int width);
 
+// The day-month-year, month-day-year and year-month-day writers with their separator, widths 2 to 10:
+// each runs the whole format (missing value, "*" for an invalid date) and returns 0. The separator shows
+// at widths 5, 8, 9 and 10 only; width 10 has the four-digit year. A width outside 2..10 stops the
+// process through kivoFail.
+KIVO_EXPORT int doDdmmyyxFormat(double value, char* field, int width, char separator);
+KIVO_EXPORT int doMmddyyx(double value, char* field, int width, char separator);
+KIVO_EXPORT int doYymmddx(double value, char* field, int width, char separator);
+
 }  // namespace kivo::format::datetime
