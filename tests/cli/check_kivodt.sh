@@ -67,6 +67,13 @@ expect "ANYDTTME and ANYDTDTM" 0 "48600
 -5400
 1263551400" -- sh -c "'$KIVODT' informat ANYDTTME '1:30 PM' -1:30 && '$KIVODT' informat ANYDTDTM 2000-01-15T10:30:00"
 
+expect "DDMMYY10. and YYMMDD10." 0 "17/03/2021
+2021-03-17" -- sh -c "'$KIVODT' format DDMMYY10. 22356 && '$KIVODT' format YYMMDD10. 22356"
+expect "YYQR7. moves the year with the numeral" 0 " 1960QI
+1960QII
+ 60QIII" -- "$KIVODT" format YYQR7. 0 91 182
+expect "YYQR below its widths" 2 "" -- "$KIVODT" format YYQR5. 0
+
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))
 fi
