@@ -29,6 +29,9 @@ constexpr LayoutsByWidth<7> DDMMYY_RUN_TOGETHER{2, {"d", " d", "dm", " dm", "dmy
 constexpr LayoutsByWidth<7> MMDDYY_RUN_TOGETHER{2, {"m", " m", "md", " md", "mdy", " mdy", "mdY"}};
 constexpr LayoutsByWidth<7> YYMMDD_RUN_TOGETHER{2, {"y", " y", "ym", " ym", "ymd", " ymd", "Ymd"}};
 
+// What the run-together writers pass for the separator their rows never ask for.
+constexpr char NO_SEPARATOR = ' ';
+
 // The entry steps, then the row of the width. These writers have no layout for any other width and
 // no way to show that, so a width outside the table is a broken promise of the host and stops here.
 template <std::size_t COUNT>
@@ -43,15 +46,15 @@ int writeDigitDate(double value, char* field, int width, const LayoutsByWidth<CO
 }
 
 int doDdmmyyn(double value, char* field, int width) noexcept {
-    return writeDigitDate(value, field, width, DDMMYY_RUN_TOGETHER, failure::DDMMYYN_WIDTH, ' ');
+    return writeDigitDate(value, field, width, DDMMYY_RUN_TOGETHER, failure::DDMMYYN_WIDTH, NO_SEPARATOR);
 }
 
 int doMmddyyn(double value, char* field, int width) noexcept {
-    return writeDigitDate(value, field, width, MMDDYY_RUN_TOGETHER, failure::MMDDYYN_WIDTH, ' ');
+    return writeDigitDate(value, field, width, MMDDYY_RUN_TOGETHER, failure::MMDDYYN_WIDTH, NO_SEPARATOR);
 }
 
 int doYymmddn(double value, char* field, int width) noexcept {
-    return writeDigitDate(value, field, width, YYMMDD_RUN_TOGETHER, failure::YYMMDDN_WIDTH, ' ');
+    return writeDigitDate(value, field, width, YYMMDD_RUN_TOGETHER, failure::YYMMDDN_WIDTH, NO_SEPARATOR);
 }
 
 }  // namespace

@@ -21,6 +21,9 @@ using layout::LayoutsByWidth;
 constexpr LayoutsByWidth<3> MMYY_SEPARATED{5, {"msy", " msy", "msY"}};
 constexpr LayoutsByWidth<3> MMYY_RUN_TOGETHER{4, {"my", " my", "mY"}};
 
+// What MMYYN passes for the separator its rows never ask for.
+constexpr char NO_SEPARATOR = ' ';
+
 // Past its widest row a month-first layout keeps that row behind blanks; below its narrowest it has
 // nothing to show and fills the field with "*".
 template <std::size_t COUNT>
@@ -45,7 +48,7 @@ void writeYearSeparatorMonth(const Date& date, char*& out, int width, char separ
 }
 
 void writeMmyyn(const Date& date, char*& out, int width) noexcept {
-    writeMonthFirst(date, out, width, MMYY_RUN_TOGETHER, ' ');
+    writeMonthFirst(date, out, width, MMYY_RUN_TOGETHER, NO_SEPARATOR);
 }
 
 void writeYymmn(const Date& date, char*& out, int width) noexcept {
