@@ -1,5 +1,6 @@
-// DATE9. per value against strftime("%d%b%Y") on the same day serials, each broken down by gmtime_r
-// (the usual way to print a date with the C library).
+// DATE9., DDMMYY10. and YYQ6. per value against strftime on the same day serials, each broken down by
+// gmtime_r (the usual way to print a date with the C library): "%d%b%Y" beside DATE9., "%d/%m/%Y" beside
+// DDMMYY10.
 #include <benchmark/benchmark.h>
 
 #include <ctime>
@@ -26,20 +27,19 @@ const std::vector<double>& daySerials() {
     return serials;
 }
 
-void BM_Date9(benchmark::State& state) {
+void formatEachDay(benchmark::State& state, KivoFormatFunction format, int width) {
     const std::vector<double>& values = daySerials();
-    char field[9];
+    char field[16];
     std::size_t i = 0;
     for (auto _ : state) {
-        dateFormat(field, 9, 0, values[i++ & 4095]);
+        format(field, width, 0, values[i++ & 4095]);
         benchmark::DoNotOptimize(field);
         benchmark::ClobberMemory();
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(BM_Date9);
 
-void BM_StrftimeDdMonYyyy(benchmark::State& state) {
+void strftimeEachDay(benchmark::State& state, const char* layout) {
     const std::vector<double>& values = daySerials();
     char text[32];
     std::size_t i = 0;
@@ -47,11 +47,25 @@ void BM_StrftimeDdMonYyyy(benchmark::State& state) {
         const std::time_t seconds = static_cast<std::time_t>(values[i++ & 4095]) * 86400 - SECONDS_FROM_1960_TO_1970;
         std::tm broken{};
         gmtime_r(&seconds, &broken);
-        benchmark::DoNotOptimize(std::strftime(text, sizeof text, "%d%b%Y", &broken));
+        benchmark::DoNotOptimize(std::strftime(text, sizeof text, layout, &broken));
         benchmark::ClobberMemory();
     }
     state.SetItemsProcessed(state.iterations());
 }
+
+void BM_Date9(benchmark::State& state) { formatEachDay(state, dateFormat, 9); }
+BENCHMARK(BM_Date9);
+
+void BM_StrftimeDdMonYyyy(benchmark::State& state) { strftimeEachDay(state, "%d%b%Y"); }
 BENCHMARK(BM_StrftimeDdMonYyyy);
+
+void BM_Ddmmyy10(benchmark::State& state) { formatEachDay(state, ddmmyyFormat, 10); }
+BENCHMARK(BM_Ddmmyy10);
+
+void BM_Yyq6(benchmark::State& state) { formatEachDay(state, yyqFormat, 6); }
+BENCHMARK(BM_Yyq6);
+
+void BM_StrftimeDdSlashMmSlashYyyy(benchmark::State& state) { strftimeEachDay(state, "%d/%m/%Y"); }
+BENCHMARK(BM_StrftimeDdSlashMmSlashYyyy);
 
 }  // namespace

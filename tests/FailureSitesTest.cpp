@@ -65,6 +65,13 @@ TEST(FailureSitesDeathTest, DateTimeAndDatetimeFormats) {
              }},
             // Below width 7 DATEAMPM's level chooser has no level.
             {site::DATEAMPM_ROUNDING, [&] { dateampmFormat(field, 4, 0, 1931607930.25); }},
+            // The day-month-year writers handed a width outside their tables.
+            {site::DDMMYYX_WIDTH, [&] { ddmmyybFormat(field, 11, 0, 0); }},
+            {site::MMDDYYX_WIDTH, [&] { mmddyyFormat(field, 1, 0, 0); }},
+            {site::YYMMDDX_WIDTH, [&] { yymmddsFormat(field, 11, 0, 0); }},
+            {site::DDMMYYN_WIDTH, [&] { ddmmyynFormat(field, 9, 0, 0); }},
+            {site::MMDDYYN_WIDTH, [&] { mmddyynFormat(field, 1, 0, 0); }},
+            {site::YYMMDDN_WIDTH, [&] { yymmddnFormat(field, 9, 0, 0); }},
         },
         {&site::DATEAMPM_WRITING});
 }

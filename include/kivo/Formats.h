@@ -39,4 +39,57 @@ KIVO_EXPORT int mdyampmFormat(char* field, int width, int decimals, double value
 KIVO_EXPORT int dmyampmFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int mondytmFormat(char* field, int width, int decimals, double value);
 
+// Dates as digits in a fixed order, month-year and year-quarter: the suffix names the separator
+// (B blank, C colon, D dash, P point, S slash, N none); the plain names use '/' (DDMMYY, MMDDYY), '-'
+// (YYMMDD), 'M' (MMYY, YYMM) and 'Q' (YYQ, YYQR). YYMON's decimals move the missing character.
+KIVO_EXPORT int ddmmyyFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyybFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyycFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyydFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyynFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyypFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int ddmmyysFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyyFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyybFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyycFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyydFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyynFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyypFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmddyysFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddbFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddcFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmdddFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddnFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddpFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmddsFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmyyFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmyycFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmyydFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmyynFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmyypFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int mmyysFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmcFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmdFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmnFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmpFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymmsFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int monyyFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int dtmonyyFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yymonFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqcFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int dtyyqcFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqdFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqnFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqpFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqsFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqrFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqrcFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqrdFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqrnFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqrpFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyqrsFormat(char* field, int width, int decimals, double value);
+
 }  // extern "C"

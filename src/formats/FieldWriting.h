@@ -82,4 +82,34 @@ inline void fiveDigits(char*& out, int value) noexcept {
     fourDigits(out, value % 10000);
 }
 
+// ---- Years right-aligned in the room a layout leaves (year, month-year and quarter layouts) ----
+
+// The year in `positions` bytes: 2 holds its last two digits, 3 a blank and those two, 4 the four-digit
+// year or "****"; a wider field takes blanks and four digits, or one blank less and all five digits past
+// 9999, so that those layouts grow to the left rather than hide the year. Callers keep to two positions
+// or more.
+inline void yearInPositions(char*& out, int positions, int year) noexcept {
+    switch (positions) {
+        case 2:
+            twoDigits(out, year % 100);
+            return;
+        case 3:
+            blanks(out, 1);
+            twoDigits(out, year % 100);
+            return;
+        case 4:
+            fourDigitYearOrStars(out, year);
+            return;
+        default:
+            break;
+    }
+    if (year <= LARGEST_FOUR_DIGIT_YEAR) {
+        blanks(out, positions - 4);
+        fourDigits(out, year);
+    } else {
+        blanks(out, positions - 5);
+        fiveDigits(out, year);
+    }
+}
+
 }  // namespace kivo::format::field

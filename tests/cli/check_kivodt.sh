@@ -98,6 +98,12 @@ env_error KIVO_DATESTYLE= "dmy, dym, mdy, myd, ydm, ymd or locale"
 env_error KIVO_LOCALE_DATESTYLE=locale "dmy, dym, mdy, myd, ydm or ymd"
 env_error KIVO_YEARCUTOFF=abc "a year from 1582 to 19900"
 env_error KIVO_MISSING_CHAR=ab "one character"
+expect "DDMMYY10. and YYMMDD10." 0 "17/03/2021
+2021-03-17" -- sh -c "'$KIVODT' format DDMMYY10. 22356 && '$KIVODT' format YYMMDD10. 22356"
+expect "YYQR7. moves the year with the numeral" 0 " 1960QI
+1960QII
+ 60QIII" -- "$KIVODT" format YYQR7. 0 91 182
+expect "YYQR below its widths" 2 "" -- "$KIVODT" format YYQR5. 0
 
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))

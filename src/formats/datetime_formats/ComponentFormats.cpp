@@ -2,6 +2,7 @@
 // of the weekday and month.
 #include "formats/FieldWriting.h"
 #include "formats/datetime_formats/FormatEntry.h"
+#include "formats/datetime_formats/Quarters.h"
 #include "kivo/Formats.h"
 #include "kivox/Names.h"
 
@@ -31,14 +32,6 @@ void nameRightAlignedOrCut(char*& out, int width, const char* name, int length) 
         field::text(out, name, width);
     }
 }
-
-constexpr int quarterOf(int month) noexcept { return (month + 2) / 3; }
-
-struct RomanQuarter {
-    const char* text;
-    int length;
-};
-constexpr RomanQuarter ROMAN_QUARTERS[5] = {{"", 0}, {"I", 1}, {"II", 2}, {"III", 3}, {"IV", 2}};
 
 // MONTH at width 1: one character per month, the letters A, B and C for October to December.
 constexpr char SINGLE_CHARACTER_MONTHS[] = "?123456789ABC";

@@ -45,4 +45,31 @@ inline void writeDatePieces(char*& out, std::string_view pieces, const Date::YMD
     }
 }
 
+// ---- Layouts by width and year-first layouts (day-month-year, month-year and quarter families) ----
+
+// A family's rows of pieces for consecutive widths, the first row for `narrowest`.
+template <std::size_t COUNT>
+struct LayoutsByWidth {
+    int narrowest;
+    std::string_view rows[COUNT];
+
+    constexpr int widest() const noexcept { return narrowest + static_cast<int>(COUNT) - 1; }
+    constexpr bool covers(int width) const noexcept { return width >= narrowest && width <= widest(); }
+    // The row of a width the table covers.
+    constexpr std::string_view at(int width) const noexcept { return rows[width - narrowest]; }
+};
+
+// A year-first layout: the year right-aligned in the positions the rest of the layout leaves
+// (width - restWidth), for the caller to write the rest after it. When that leaves fewer than two
+// positions the value cannot be shown: the whole field becomes "*" and the result is false.
+inline bool yearBeforeRest(char*& out, int width, int restWidth, int year) noexcept {
+    const int positions = width - restWidth;
+    if (positions < 2) {
+        field::repeat(out, width, '*');
+        return false;
+    }
+    field::yearInPositions(out, positions, year);
+    return true;
+}
+
 }  // namespace kivo::format::datetime::layout

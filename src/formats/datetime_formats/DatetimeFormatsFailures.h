@@ -15,6 +15,16 @@ inline constexpr FailureSite SCALED_FRACTION{"intScaledValue == maxScaledValue",
 inline constexpr FailureSite DATEAMPM_ROUNDING{"false", SOURCE, 642};
 inline constexpr FailureSite DATEAMPM_WRITING{"false", SOURCE, 704};
 
-inline constexpr FailureSite ALL[] = {SCALED_FRACTION, DATEAMPM_ROUNDING, DATEAMPM_WRITING};
+// The day-month-year writers: a width outside 2..10 (with a separator) or 2..8 (the N writers).
+inline constexpr FailureSite DDMMYYX_WIDTH{"false", SOURCE, 1036};
+inline constexpr FailureSite MMDDYYX_WIDTH{"false", SOURCE, 1089};
+inline constexpr FailureSite YYMMDDX_WIDTH{"false", SOURCE, 1142};
+inline constexpr FailureSite DDMMYYN_WIDTH{"false", SOURCE, 1181};
+inline constexpr FailureSite MMDDYYN_WIDTH{"false", SOURCE, 1220};
+inline constexpr FailureSite YYMMDDN_WIDTH{"false", SOURCE, 1259};
+
+inline constexpr FailureSite ALL[] = {SCALED_FRACTION, DATEAMPM_ROUNDING, DATEAMPM_WRITING,
+                                      DDMMYYX_WIDTH,   MMDDYYX_WIDTH,     YYMMDDX_WIDTH,
+                                      DDMMYYN_WIDTH,   MMDDYYN_WIDTH,     YYMMDDN_WIDTH};
 
 }  // namespace kivo::format::datetime::failure

@@ -13,4 +13,26 @@ KIVO_EXPORT void doDateFormat(const kivo::Date& date, char*& out, int width);
 // digits at wider fields.
 KIVO_EXPORT void doYearFormat(const kivo::Date& date, char*& out, int width);
 
+// The day-month-year, month-day-year and year-month-day writers with their separator, widths 2 to 10:
+// each runs the whole format (missing value, "*" for an invalid date) and returns 0. The separator shows
+// at widths 5, 8, 9 and 10 only; width 10 has the four-digit year. A width outside 2..10 stops the
+// process through kivoFail.
+KIVO_EXPORT int doDdmmyyxFormat(double value, char* field, int width, char separator);
+KIVO_EXPORT int doMmddyyx(double value, char* field, int width, char separator);
+KIVO_EXPORT int doYymmddx(double value, char* field, int width, char separator);
+
+// Month-year and year-month with their separator, from width 5; each runs the whole format and
+// returns 0. MMYY pads its widest layout (a year past 9999 stays "****"); YYMM grows to five digits.
+KIVO_EXPORT int doMmyyx(double value, char* field, int width, char separator);
+KIVO_EXPORT int doYymmx(double value, char* field, int width, char separator);
+
+// Year and Roman quarter with their separator; the year takes what the numeral and separator leave.
+KIVO_EXPORT int doYyqrx(double value, char* field, int width, char separator);
+
+// MMMyy at width 5, a blank and MMMyy at 6, MMMyyyy at 7; any other width writes nothing.
+KIVO_EXPORT void doMonyyFormat(const kivo::Date& date, char*& out, int width);
+
+// The year, the separator and the quarter digit, from width 4; advances out past what it wrote.
+KIVO_EXPORT void doYyqxFormat(const kivo::Date& date, char*& out, int width, char separator);
+
 }  // namespace kivo::format::datetime
