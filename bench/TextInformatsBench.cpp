@@ -75,17 +75,17 @@ void runStrptime(benchmark::State& state, const char* layout, const std::vector<
 }
 
 void BM_Date9Informat(benchmark::State& state) { runInformat(state, dateInformat, date9Fields()); }
-void BM_StrptimeDdMonYyyy(benchmark::State& state) { runStrptime(state, "%d%b%Y", date9Fields()); }
+void BM_Date9Strptime(benchmark::State& state) { runStrptime(state, "%d%b%Y", date9Fields()); }
 void BM_Ddmmyy10Informat(benchmark::State& state) { runInformat(state, ddmmyyInformat, ddmmyy10Fields()); }
-void BM_StrptimeDdMmYyyy(benchmark::State& state) { runStrptime(state, "%d/%m/%Y", ddmmyy10Fields()); }
+void BM_Ddmmyy10Strptime(benchmark::State& state) { runStrptime(state, "%d/%m/%Y", ddmmyy10Fields()); }
 void BM_Time8Informat(benchmark::State& state) { runInformat(state, timeInformat, time8Fields()); }
-void BM_StrptimeHhMmSs(benchmark::State& state) { runStrptime(state, "%H:%M:%S", time8Fields()); }
+void BM_Time8Strptime(benchmark::State& state) { runStrptime(state, "%H:%M:%S", time8Fields()); }
 
 BENCHMARK(BM_Date9Informat);
-BENCHMARK(BM_StrptimeDdMonYyyy);
+BENCHMARK(BM_Date9Strptime);
 BENCHMARK(BM_Ddmmyy10Informat);
-BENCHMARK(BM_StrptimeDdMmYyyy);
+BENCHMARK(BM_Ddmmyy10Strptime);
 BENCHMARK(BM_Time8Informat);
-BENCHMARK(BM_StrptimeHhMmSs);
+BENCHMARK(BM_Time8Strptime);
 
 }  // namespace

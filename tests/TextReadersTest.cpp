@@ -122,19 +122,6 @@ TEST(TextReaders, IsoDateTestsTheLeapYearAsWritten) {
     expectReadings(cases, 0.0, kivo::readIsoDate);
 }
 
-TEST(TextReaders, DayMonthAbbreviationYear) {
-    // The value checked is the year; the day and month are checked through the DATE informat.
-    const ReaderCase cases[] = {
-        {"15JAN2000", true, 2000, 9},      {" 15-jan-00 rest", true, 0, 10}, {"(15) 3 JAN 99", true, 99, 13},
-        {"15JANUARY2000", false, ANY, -1}, {"JAN2000", false, ANY, -1},      {"15 2000", false, ANY, -1},
-    };
-    expectReadings(cases, 0, [](const char*& c, const char* e, int& year) {
-        int day = 0;
-        int month = 0;
-        return kivo::readDayMonthAbbrevYear(c, e, day, month, year) && month == 1 && day == 15;
-    });
-}
-
 TEST(TextReaders, TimeWithAmPm) {
     const ReaderCase cases[] = {
         {"10:30", true, 37800, 5},    {"10:30  ", true, 37800, 7},      {"10:30:15.5", true, 37815.5, 10},
