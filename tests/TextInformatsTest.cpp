@@ -78,12 +78,14 @@ const InformatTable THREE_NUMBER_CASES[] = {
     {yymmddInformat, "YYMMDD", {{"000115", JAN_15_2000}, {"20000115", JAN_15_2000}, {"00115", JAN_15_2000},
         {"2000-01-15", JAN_15_2000}, {"0115", REJECTED}}},
     {minguoInformat, "MINGUO", {{"890115", JAN_15_2000}, {"89/01/15", JAN_15_2000}, {"1100317", day(2021, 3, 17)},
-        {"00/1/1", day(1911, 1, 1)}, {"8901", REJECTED}}},
+        {"00/1/1", day(1911, 1, 1)}, {"8901", REJECTED},
+        {"2147483647/1/1", REJECTED}}},
     {nengoInformat, "NENGO", {{"H12.01.15", JAN_15_2000}, {"h12/01/15", JAN_15_2000}, {"H.120115", JAN_15_2000},
         {"H1/1/8", day(1989, 1, 8)}, {"H31/04/30", day(2019, 4, 30)}, {"H32/01/01", REJECTED},
         {"M45/07/29", day(1912, 7, 29)}, {"M46/01/01", REJECTED}, {"t15.12.24", day(1926, 12, 24)},
         {"T16.01.01", REJECTED}, {"S64-01-07", day(1989, 1, 7)}, {"S65-01-01", REJECTED},
-        {"R99/12/31", day(2117, 12, 31)}, {"12/01/15", day(2030, 1, 15)}, {"X12/01/15", REJECTED}, {"H.1/1", REJECTED}}},
+        {"R99/12/31", day(2117, 12, 31)}, {"12/01/15", day(2030, 1, 15)}, {"X12/01/15", REJECTED}, {"H.1/1", REJECTED},
+        {"2147483647/1/1", REJECTED}}},
 };
 
 // A month abbreviation with the day and the year, or the year alone.

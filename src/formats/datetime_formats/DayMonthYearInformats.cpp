@@ -1,6 +1,8 @@
 // The informats of a date written as three numbers, day, month and year in some order, either with
 // one separator character repeated between them or as one run of digits: DDMMYY, MMDDYY, YYMMDD, and
 // the era-year forms MINGUO and NENGO.
+#include <climits>
+
 #include "formats/datetime_formats/InformatEntry.h"
 #include "formats/datetime_formats/InformatValues.h"
 #include "formats/datetime_formats/TextReaders.h"
@@ -96,6 +98,12 @@ int readExpandedYearDate(const char* text, int width, double* result, const Nume
     });
 }
 
+// The date of an era year counted from base (the year before the era's year 1). A year that would
+// carry the sum past the int range names no date.
+bool storeEraDay(int base, const WrittenDate& date, double& value) noexcept {
+    return date.year <= INT_MAX - base && storeDay(base + date.year, date.month, date.day, value);
+}
+
 // Minguo years count from 1912 as year 1.
 constexpr int MINGUO_BASE = 1911;
 
@@ -103,7 +111,7 @@ int readMinguoDate(const char* text, int width, double* result) noexcept {
     return readTextField(text, width, result, [](const char* cursor, const char* end, double& value) {
         WrittenDate date{};
         return end - cursor >= SHORTEST_ERA_DATE && readNumericDate(cursor, end, YEAR_MONTH_DAY, date) &&
-               storeDay(MINGUO_BASE + date.year, date.month, date.day, value);
+               storeEraDay(MINGUO_BASE, date, value);
     });
 }
 
@@ -140,7 +148,7 @@ int readNengoDate(const char* text, int width, double* result) noexcept {
         const Era& era = readEra(cursor, end);
         WrittenDate date{};
         return readNumericDate(cursor, end, YEAR_MONTH_DAY, date) && withinEra(era, date.year) &&
-               storeDay(era.base + date.year, date.month, date.day, value);
+               storeEraDay(era.base, date, value);
     });
 }
 
