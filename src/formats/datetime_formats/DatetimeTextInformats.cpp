@@ -18,7 +18,7 @@ using lum_date::expand2DigitYear;
 // Reads the date part into a day serial.
 using DateReader = bool (*)(const char*& cursor, const char* end, double& daySerial);
 // Steps over what stands between the date and the time.
-using Joint = bool (*)(const char*& cursor, const char* end);
+using Joint = void (*)(const char*& cursor, const char* end);
 
 // The time after the date: hours and minutes, seconds and AM/PM as they come, up to the field's end.
 bool readTimeToEnd(const char*& cursor, const char* end, double& seconds) noexcept {
@@ -29,7 +29,11 @@ bool readTimeToEnd(const char*& cursor, const char* end, double& seconds) noexce
 bool readDateAndTime(const char* cursor, const char* end, double& value, DateReader readDate, Joint joint) noexcept {
     double day = 0;
     double seconds = 0;
-    if (!readDate(cursor, end, day) || !joint(cursor, end) || !readTimeToEnd(cursor, end, seconds)) {
+    if (!readDate(cursor, end, day)) {
+        return false;
+    }
+    joint(cursor, end);
+    if (!readTimeToEnd(cursor, end, seconds)) {
         return false;
     }
     value = datetimeOf(day, seconds);
@@ -52,7 +56,7 @@ bool readSeparatedNumbers(const char*& cursor, const char* end, int (&numbers)[3
            readUnsignedInt(cursor, end, numbers[2]);
 }
 
-// A separated date whose numbers stand in the order day (d), month (m), year (y) say.
+// A separated date; D, M and Y are the places (0, 1, 2) of its day, month and year.
 template <int D, int M, int Y>
 bool readSeparatedDate(const char*& cursor, const char* end, double& day) noexcept {
     int numbers[3] = {};
@@ -76,37 +80,26 @@ bool readMonthAbbrevDayYear(const char*& cursor, const char* end, double& day) n
     return readUnsignedInt(cursor, end, year) && storeDay(expand2DigitYear(year), month, dayOfMonth, day);
 }
 
-bool blanksAndTabs(const char*& cursor, const char* end) noexcept {
-    text::skipBlanksAndTabs(cursor, end);
-    return true;
-}
-
 // Blanks and tabs, then any one character that is not a digit (":" or "T" as a rule).
-bool blanksThenAnyJoint(const char*& cursor, const char* end) noexcept {
+void stepOverJoint(const char*& cursor, const char* end) noexcept {
     text::skipBlanksAndTabs(cursor, end);
     if (cursor < end && !text::isDigit(cursor)) {
         ++cursor;
     }
-    return true;
 }
 
-// DATETIME's joint: as blanksThenAnyJoint, then more blanks and tabs and one optional "-".
-bool datetimeJoint(const char*& cursor, const char* end) noexcept {
+// DATETIME's: blanks and tabs on both sides of the joint, then one optional "-".
+void stepOverDatetimeJoint(const char*& cursor, const char* end) noexcept {
+    stepOverJoint(cursor, end);
     text::skipBlanksAndTabs(cursor, end);
-    if (cursor < end && !text::isDigit(cursor)) {
-        ++cursor;
-        text::skipBlanksAndTabs(cursor, end);
-    }
     text::take(cursor, end, '-');
-    return true;
 }
 
-bool oneBlank(const char*& cursor, const char* end) noexcept { return text::take(cursor, end, ' '); }
-
+// yyyy-mm-dd, exactly one blank, hh:mm:ss.
 bool readCanonicalStamp(const char* cursor, const char* end, double& value) noexcept {
     double day = 0;
     double seconds = 0;
-    if (!readIsoDate(cursor, end, day) || !oneBlank(cursor, end) || !readClockTime(cursor, end, seconds)) {
+    if (!readIsoDate(cursor, end, day) || !text::take(cursor, end, ' ') || !readClockTime(cursor, end, seconds)) {
         return false;
     }
     value = datetimeOf(day, seconds);
@@ -130,23 +123,23 @@ using namespace kivo::informat;
 extern "C" {
 
 int datetimeInformat(const char* text, int width, int, int, double* result) {
-    return readDatetimeField<readDayMonthAbbrevYearDate, datetimeJoint>(text, width, result);
+    return readDatetimeField<readDayMonthAbbrevYearDate, stepOverDatetimeJoint>(text, width, result);
 }
 
 int mdyampmInformat(const char* text, int width, int, int, double* result) {
-    return readDatetimeField<readSeparatedDate<1, 0, 2>, blanksAndTabs>(text, width, result);
+    return readDatetimeField<readSeparatedDate<1, 0, 2>, kivo::text::skipBlanksAndTabs>(text, width, result);
 }
 
 int dmyampmInformat(const char* text, int width, int, int, double* result) {
-    return readDatetimeField<readSeparatedDate<0, 1, 2>, blanksAndTabs>(text, width, result);
+    return readDatetimeField<readSeparatedDate<0, 1, 2>, kivo::text::skipBlanksAndTabs>(text, width, result);
 }
 
 int mondytmInformat(const char* text, int width, int, int, double* result) {
-    return readDatetimeField<readMonthAbbrevDayYear, blanksAndTabs>(text, width, result);
+    return readDatetimeField<readMonthAbbrevDayYear, kivo::text::skipBlanksAndTabs>(text, width, result);
 }
 
 int ymddttmInformat(const char* text, int width, int, int, double* result) {
-    return readDatetimeField<readSeparatedDate<2, 1, 0>, blanksThenAnyJoint>(text, width, result);
+    return readDatetimeField<readSeparatedDate<2, 1, 0>, stepOverJoint>(text, width, result);
 }
 
 int canstampInformat(const char* text, int width, int, int, double* result) {
