@@ -14,4 +14,29 @@ KIVO_EXPORT int anydtdteInformat(const char* text, int width, int length, int de
 KIVO_EXPORT int anydtdtmInformat(const char* text, int width, int length, int decimals, double* result);
 KIVO_EXPORT int anydttmeInformat(const char* text, int width, int length, int decimals, double* result);
 
+// Dates, times and datetimes in one fixed layout each. Blanks, tabs and NUL bytes around the text are
+// dropped; ".", "._" and ".A" ... ".Z" store their missing value, except for YYQ and HHMMSS, which
+// reject them. Two-digit years are widened by the "yearcutoff" option.
+KIVO_EXPORT int ddmmyyInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int mmddyyInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int yymmddInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int minguoInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int nengoInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int dateInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int monyyInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int yymmnInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int julianInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int yyqInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int candateInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int timeInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int datetimeInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int mdyampmInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int dmyampmInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int mondytmInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int ymddttmInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int cantimeInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int canstampInformat(const char* text, int width, int length, int decimals, double* result);
+// Only the first length characters of the narrowed text are read.
+KIVO_EXPORT int hhmmssInformat(const char* text, int width, int length, int decimals, double* result);
+
 }  // extern "C"

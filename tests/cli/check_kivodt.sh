@@ -104,6 +104,16 @@ expect "YYQR7. moves the year with the numeral" 0 " 1960QI
 1960QII
  60QIII" -- "$KIVODT" format YYQR7. 0 91 182
 expect "YYQR below its widths" 2 "" -- "$KIVODT" format YYQR5. 0
+expect "DDMMYY10. informat" 1 "14624
+14624
+invalid
+." -- "$KIVODT" informat DDMMYY10. 15/01/2000 150100 15/01-2000 .
+expect "TIME8. informat: the field is the first 8 bytes" 0 "37815
+-5400
+44100" -- "$KIVODT" informat TIME8. 10:30:15.5 -1:30 "12:15 PM"
+expect "CANSTAMP19. informat, two-digit year" 1 "1263551400
+invalid" -- sh -c "'$KIVODT' --yearcutoff 1950 informat CANSTAMP19. '00-01-15 10:30:00' && '$KIVODT' informat CANSTAMP '2000-01-15  10:30:00'"
+expect "HHMMSS cut by the field" 0 "37800" -- "$KIVODT" informat HHMMSS4. 103015
 
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))

@@ -1,0 +1,181 @@
+// The informats of a date written as three numbers, day, month and year in some order, either with
+// one separator character repeated between them or as one run of digits: DDMMYY, MMDDYY, YYMMDD, and
+// the era-year forms MINGUO and NENGO.
+#include <climits>
+
+#include "formats/datetime_formats/InformatEntry.h"
+#include "formats/datetime_formats/InformatValues.h"
+#include "formats/datetime_formats/TextReaders.h"
+#include "kivo/Informats.h"
+#include "kivox/Calendar.h"
+
+namespace kivo::informat {
+
+namespace {
+
+using entry::readTextField;
+
+// The three numbers in the order they are written.
+struct ThreeNumbers {
+    int first;
+    int second;
+    int third;
+};
+
+// How a run of digits splits into the three numbers.
+using DigitRunSplit = ThreeNumbers (*)(int n);
+
+// Day or month first, the year last: two-digit parts and a year of two digits up to six digits in
+// all, of four digits up to eight, and of five beyond.
+ThreeNumbers splitYearLast(int n) {
+    if (n <= 999999) {
+        return {n / 10000, n / 100 % 100, n % 100};
+    }
+    if (n <= 99999999) {
+        return {n / 1000000, n / 10000 % 100, n % 10000};
+    }
+    return {n / 10000000, n / 100000 % 100, n % 100000};
+}
+
+// The year first, then two digits of month and two of day: six and eight digits both work.
+ThreeNumbers splitYearFirst(int n) { return {n / 10000, n / 100 % 100, n % 100}; }
+
+// Where a layout puts the day, the month and the year among the three numbers (0, 1, 2).
+struct NumericDateLayout {
+    int dayAt;
+    int monthAt;
+    int yearAt;
+    DigitRunSplit split;
+};
+
+constexpr NumericDateLayout DAY_MONTH_YEAR{0, 1, 2, splitYearLast};
+constexpr NumericDateLayout MONTH_DAY_YEAR{1, 0, 2, splitYearLast};
+constexpr NumericDateLayout YEAR_MONTH_DAY{2, 1, 0, splitYearFirst};
+
+// The shortest narrowed fields that can hold a whole date of the year-first layouts; the era forms
+// count their letter in.
+constexpr int SHORTEST_YEAR_FIRST = 5;
+constexpr int SHORTEST_ERA_DATE = 6;
+
+// Three numbers: separated by one separator character used twice, or one run of digits over the
+// whole field, split by the layout.
+bool readThreeNumbers(const char*& cursor, const char* end, DigitRunSplit split, ThreeNumbers& numbers) noexcept {
+    if (!readUnsignedInt(cursor, end, numbers.first)) {
+        return false;
+    }
+    if (cursor == end) {
+        numbers = split(numbers.first);
+        return true;
+    }
+    char separator = 0;
+    return text::takeSeparator(cursor, end, separator) && readUnsignedInt(cursor, end, numbers.second) &&
+           text::take(cursor, end, separator) && readUnsignedInt(cursor, end, numbers.third) && cursor == end;
+}
+
+struct WrittenDate {
+    int year;  // as written: two digits, four, or an era year
+    int month;
+    int day;
+};
+
+bool readNumericDate(const char*& cursor, const char* end, const NumericDateLayout& layout,
+                     WrittenDate& date) noexcept {
+    ThreeNumbers numbers{};
+    if (!readThreeNumbers(cursor, end, layout.split, numbers)) {
+        return false;
+    }
+    const int parts[3] = {numbers.first, numbers.second, numbers.third};
+    date = {parts[layout.yearAt], parts[layout.monthAt], parts[layout.dayAt]};
+    return true;
+}
+
+int readExpandedYearDate(const char* text, int width, double* result, const NumericDateLayout& layout,
+                         int shortest) noexcept {
+    return readTextField(text, width, result, [&](const char* cursor, const char* end, double& value) {
+        WrittenDate date{};
+        return end - cursor >= shortest && readNumericDate(cursor, end, layout, date) &&
+               storeDay(lum_date::expand2DigitYear(date.year), date.month, date.day, value);
+    });
+}
+
+// The date of an era year counted from base (the year before the era's year 1). A year that would
+// carry the sum past the int range names no date.
+bool storeEraDay(int base, const WrittenDate& date, double& value) noexcept {
+    return date.year <= INT_MAX - base && storeDay(base + date.year, date.month, date.day, value);
+}
+
+// Minguo years count from 1912 as year 1.
+constexpr int MINGUO_BASE = 1911;
+
+int readMinguoDate(const char* text, int width, double* result) noexcept {
+    return readTextField(text, width, result, [](const char* cursor, const char* end, double& value) {
+        WrittenDate date{};
+        return end - cursor >= SHORTEST_ERA_DATE && readNumericDate(cursor, end, YEAR_MONTH_DAY, date) &&
+               storeEraDay(MINGUO_BASE, date, value);
+    });
+}
+
+// An era: the year before its year 1, and its last year (0 while it has none).
+struct Era {
+    char letter;
+    int base;
+    int lastYear;
+};
+
+constexpr Era ERAS[] = {{'H', 1988, 31}, {'M', 1867, 45}, {'R', 2018, 0}, {'S', 1925, 64}, {'T', 1911, 15}};
+// A date without an era letter belongs to the current era.
+constexpr const Era& CURRENT_ERA = ERAS[2];
+
+// The era letter, in either case, and the "." that may follow it; without a letter the current era.
+const Era& readEra(const char*& cursor, const char* end) noexcept {
+    for (const Era& era : ERAS) {
+        if (cursor < end && text::upper(*cursor) == era.letter) {
+            ++cursor;
+            text::take(cursor, end, '.');
+            return era;
+        }
+    }
+    return CURRENT_ERA;
+}
+
+bool withinEra(const Era& era, int year) noexcept { return era.lastYear == 0 || year <= era.lastYear; }
+
+int readNengoDate(const char* text, int width, double* result) noexcept {
+    return readTextField(text, width, result, [](const char* cursor, const char* end, double& value) {
+        if (end - cursor < SHORTEST_ERA_DATE) {
+            return false;
+        }
+        const Era& era = readEra(cursor, end);
+        WrittenDate date{};
+        return readNumericDate(cursor, end, YEAR_MONTH_DAY, date) && withinEra(era, date.year) &&
+               storeEraDay(era.base, date, value);
+    });
+}
+
+}  // namespace
+
+}  // namespace kivo::informat
+
+using namespace kivo::informat;
+
+extern "C" {
+
+int ddmmyyInformat(const char* text, int width, int, int, double* result) {
+    return readExpandedYearDate(text, width, result, DAY_MONTH_YEAR, 0);
+}
+
+int mmddyyInformat(const char* text, int width, int, int, double* result) {
+    return readExpandedYearDate(text, width, result, MONTH_DAY_YEAR, 0);
+}
+
+int yymmddInformat(const char* text, int width, int, int, double* result) {
+    return readExpandedYearDate(text, width, result, YEAR_MONTH_DAY, SHORTEST_YEAR_FIRST);
+}
+
+int minguoInformat(const char* text, int width, int, int, double* result) {
+    return readMinguoDate(text, width, result);
+}
+
+int nengoInformat(const char* text, int width, int, int, double* result) { return readNengoDate(text, width, result); }
+
+}  // extern "C"
