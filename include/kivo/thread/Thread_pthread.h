@@ -116,8 +116,10 @@ public:
 
     // Starts function(args...) on a new thread with the main thread's stack size. Throws
     // thread_resource_error when the thread cannot be started; nothing is left behind then.
+    // (A handle or a block to adopt is not a body: both have constructors of their own.)
     template <class Function, class... Args>
-        requires(!std::is_base_of_v<thread, std::remove_cvref_t<Function>>)
+        requires(!std::is_base_of_v<thread, std::remove_cvref_t<Function>> &&
+                 !std::is_convertible_v<Function, detail::thread_data_base*>)
     explicit thread(Function&& function, Args&&... args)
         : thread(new detail::thread_data<std::decay_t<Function>, std::decay_t<Args>...>(
               std::forward<Function>(function), std::forward<Args>(args)...)) {
