@@ -91,10 +91,7 @@ bool checkLimits(const Entry& entry, ResolvedSpec<Entry>& resolved, const SpecTe
                       ")"});
         return false;
     }
-    int maxDecimals = limits.maxDecimals;
-    if (limits.decimalsBelowWidth) {
-        maxDecimals = std::min(maxDecimals, resolved.width - 1);
-    }
+    const int maxDecimals = maxDecimalsAt(limits, resolved.width);
     if (resolved.decimals < limits.minDecimals || resolved.decimals > maxDecimals) {
         error = join({"decimals ", std::to_string(resolved.decimals), " are outside the range of ", name, ".",
                       std::to_string(resolved.width), ": decimals ", rangeText(limits.minDecimals, maxDecimals)});
@@ -123,6 +120,10 @@ bool resolve(std::string_view text, std::span<const Entry> catalog, const char* 
 }
 
 }  // namespace
+
+int maxDecimalsAt(const Limits& limits, int width) {
+    return limits.decimalsBelowWidth ? std::min(limits.maxDecimals, width - 1) : limits.maxDecimals;
+}
 
 bool parseSpecText(std::string_view text, SpecText& spec, std::string& error) {
     spec = SpecText{};

@@ -28,6 +28,10 @@ struct ResolvedSpec {
     bool widthGiven = false;
 };
 
+// The most decimals the limits allow at this width: fewer than the width when the decimals place the
+// missing character inside the field.
+int maxDecimalsAt(const Limits& limits, int width);
+
 // Looks the name up and checks the width and decimals against its limits; the default width fills in
 // a missing one. On failure, error names the format, its range and, for an unknown name, close names.
 bool resolveFormat(std::string_view text, ResolvedSpec<FormatEntry>& resolved, std::string& error);
