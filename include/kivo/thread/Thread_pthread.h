@@ -42,8 +42,6 @@ protected:
 
 extern template class RefCounted<std::atomic<unsigned int> >;
 
-class thread;
-
 namespace detail {
 
 // What a handle and its running thread share. The handle holds one reference and the running thread
