@@ -1,0 +1,146 @@
+// The batch API: on any number of threads it gives what kivodt gives one value at a time, in input order,
+// and a locator given to a batch reaches all of its threads.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kivodt/Batch.h"
+#include "kivodt/Runner.h"
+#include "kivodt/Values.h"
+#include "kivox/Missing.h"
+#include "kivox/Services.h"
+
+namespace {
+
+// Sizes below, at and above the thread counts, none divisible by 2, 3 and 4 at once.
+constexpr std::size_t SIZES[] = {0, 3, 1001};
+constexpr int MAX_THREADS = 4;
+
+// Day serials, seconds serials and times over the calendar and beyond, with fractions and missing values.
+std::vector<double> sampleValues(std::size_t count) {
+    std::vector<double> values(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const double step = static_cast<double>(i);
+        const double spread[] = {step * 7001.25 - 150000, step * 6.1e8 - 1e11, step * 97.375 - 3600};
+        values[i] = i % 13 == 0 ? kivo::lum_numeric::MISSING : spread[i % 3];
+    }
+    return values;
+}
+
+const char* const TEXTS[] = {"15JAN2000", "2000-01-15T10:30:00", "01/02/2003", "10:30 PM", ".", "",
+                             "  17MAR2021 ", "20000115", "99:99", "garbage text longer than its field"};
+
+// What `kivodt informat` prints for the texts: one value or "invalid" per line.
+std::string runnerOutput(const kivodt::ResolvedSpec<kivodt::InformatEntry>& spec,
+                         const std::vector<std::string_view>& texts) {
+    char* buffer = nullptr;
+    std::size_t size = 0;
+    std::FILE* out = open_memstream(&buffer, &size);
+    kivodt::runInformat(spec, texts, kivodt::RunOptions{}, {stdin, out, stderr});
+    std::fclose(out);
+    std::string printed(buffer, size);
+    std::free(buffer);
+    return printed;
+}
+
+std::string batchOutput(const kivodt::ResolvedSpec<kivodt::InformatEntry>& spec,
+                        const std::vector<std::string_view>& texts, int threads) {
+    std::string bytes;
+    std::vector<std::size_t> offsets{0};
+    for (std::string_view text : texts) {
+        offsets.push_back((bytes += text).size());
+    }
+    std::vector<double> results(texts.size());
+    std::vector<unsigned char> accepted(texts.size());
+    kivodt::informatBatch(*spec.entry, spec.widthGiven ? spec.width : kivodt::WHOLE_TEXT, spec.decimals,
+                          {bytes.data(), texts.empty() ? std::span<const std::size_t>() : offsets}, results,
+                          accepted, threads);
+    std::string printed;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        char value[32];
+        printed += accepted[i] != 0 ? std::string(value, kivodt::printValue(results[i], value)) : "invalid";
+        printed += '\n';
+    }
+    return printed;
+}
+
+TEST(Batch, FormatsAsOneCallPerValueOnAnyNumberOfThreads) {
+    for (std::size_t size : SIZES) {
+        const std::vector<double> values = sampleValues(size);
+        for (const kivodt::FormatEntry& entry : kivodt::formatCatalog()) {
+            const kivodt::Limits& limits = entry.limits;
+            for (int width : {limits.defaultWidth, limits.maxWidth}) {
+                const int decimals = kivodt::maxDecimals(limits, width);
+                std::string expected(size * width, '#');
+                for (std::size_t i = 0; i < size; ++i) {
+                    entry.function(expected.data() + i * width, width, decimals, values[i]);
+                }
+                for (int threads = 1; threads <= MAX_THREADS; ++threads) {
+                    std::string fields(size * width, '#');
+                    kivodt::formatBatch(entry, width, decimals, values, fields.data(), threads);
+                    EXPECT_EQ(fields, expected) << entry.name << width << "." << decimals << " on " << threads;
+                }
+            }
+        }
+    }
+}
+
+TEST(Batch, ReadsAsKivodtDoesOnAnyNumberOfThreads) {
+    for (std::size_t size : SIZES) {
+        std::vector<std::string_view> texts;
+        for (std::size_t i = 0; i < size; ++i) {
+            texts.emplace_back(TEXTS[i % std::size(TEXTS)]);
+        }
+        for (const kivodt::InformatEntry& entry : kivodt::informatCatalog()) {
+            for (bool widthGiven : {false, true}) {
+                const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, entry.limits.defaultWidth, 0, widthGiven};
+                const std::string expected = runnerOutput(spec, texts);
+                for (int threads = 1; threads <= MAX_THREADS; ++threads) {
+                    EXPECT_EQ(batchOutput(spec, texts, threads), expected)
+                        << entry.name << (widthGiven ? "9." : "") << " on " << threads;
+                }
+            }
+        }
+    }
+}
+
+TEST(Batch, LocatorReachesEveryThreadOfTheBatchAndTheCallersOneIsTheDefault) {
+    kivo::ServiceLocator own;
+    own.env().setMissingChar('?');
+    const std::vector<double> missing(7, kivo::lum_numeric::MISSING);
+    std::string question;
+    for (std::size_t i = 0; i < missing.size(); ++i) {
+        question += "    ?";
+    }
+    const kivodt::FormatEntry& date = *kivodt::findFormat("DATE");
+    std::string fields(missing.size() * 5, '#');
+    kivodt::formatBatch(date, 5, 0, missing, fields.data(), 3, &own);
+    EXPECT_EQ(fields, question);
+    EXPECT_EQ(kivo::ServiceLocator::current(), nullptr) << "the caller's own locator is back";
+
+    kivo::ServiceLocator::setCurrent(&own);
+    fields.assign(fields.size(), '#');
+    kivodt::formatBatch(date, 5, 0, missing, fields.data(), 3);
+    kivo::ServiceLocator::setCurrent(nullptr);
+    EXPECT_EQ(fields, question);
+}
+
+TEST(Batch, RefusesWhatItCannotConvertSafely) {
+    const kivodt::FormatEntry& date = *kivodt::findFormat("DATE");
+    const kivodt::InformatEntry& anydtdte = *kivodt::findInformat("ANYDTDTE");
+    double result[2];
+    unsigned char accepted[2];
+    const std::size_t backwards[] = {0, 4, 2};
+    const std::size_t three[] = {0, 1, 2, 3};
+    EXPECT_THROW(kivodt::formatBatch(date, 4, 0, {}, nullptr, 1), std::invalid_argument);
+    EXPECT_THROW(kivodt::informatBatch(anydtdte, 9, 1, {"0123", {}}, {}, {}, 1), std::invalid_argument);
+    EXPECT_THROW(kivodt::informatBatch(anydtdte, 9, 0, {"0123", backwards}, result, accepted, 1),
+                 std::invalid_argument);
+    EXPECT_THROW(kivodt::informatBatch(anydtdte, 9, 0, {"0123", three}, result, accepted, 1), std::invalid_argument);
+}
+
+}  // namespace
