@@ -92,4 +92,13 @@ KIVO_EXPORT int yyqrnFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int yyqrpFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int yyqrsFormat(char* field, int width, int decimals, double value);
 
+// Dates in words, the width choosing short or long names: WORDDATE (March 17, 2021), WORDDATX
+// (17 March 2021), WEEKDATE (Wednesday, March 17, 2021), WEEKDATX and, for a seconds serial, DTWKDATX
+// (Wednesday, 17 March 2021).
+KIVO_EXPORT int worddateFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int worddatxFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekdateFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekdatxFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int dtwkdatxFormat(char* field, int width, int decimals, double value);
+
 }  // extern "C"
