@@ -101,4 +101,12 @@ KIVO_EXPORT int weekdateFormat(char* field, int width, int decimals, double valu
 KIVO_EXPORT int weekdatxFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int dtwkdatxFormat(char* field, int width, int decimals, double value);
 
+// Week numbers under the U, V and W week conventions, left-aligned: 2021-W11-04, 2021-W11.
+KIVO_EXPORT int weekuFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekvFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekwFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyweekuFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyweekvFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyweekwFormat(char* field, int width, int decimals, double value);
+
 }  // extern "C"

@@ -39,4 +39,8 @@ KIVO_EXPORT void doYyqxFormat(const kivo::Date& date, char*& out, int width, cha
 // "Wednesday, 17 March 2021"), right-aligned; advances out past the field.
 KIVO_EXPORT void doWeekdatxFormat(const kivo::Date& date, char*& out, int width);
 
+// A week record as text, left-aligned and padded with blanks to the width: "2021-W11-04" (withDay),
+// "2021-W11" (without, at width 8); advances out past the field.
+KIVO_EXPORT void doWeekFormat(const kivo::Date::YWD& ywd, char*& out, int width, bool withDay);
+
 }  // namespace kivo::format::datetime
