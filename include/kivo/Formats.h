@@ -109,4 +109,12 @@ KIVO_EXPORT int yyweekuFormat(char* field, int width, int decimals, double value
 KIVO_EXPORT int yyweekvFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int yyweekwFormat(char* field, int width, int decimals, double value);
 
+// Year and day of the year (JULIAN: 2021076; PDJULG and PDJULI: packed decimal bytes, not text) and
+// the era calendars (MINGUO: 110/03/17; NENGO: R03/03/17).
+KIVO_EXPORT int julianFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int pdjulgFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int pdjuliFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int minguoFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int nengoFormat(char* field, int width, int decimals, double value);
+
 }  // extern "C"
