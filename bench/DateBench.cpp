@@ -1,6 +1,7 @@
-// DATE9., DDMMYY10. and YYQ6. per value against strftime on the same day serials, each broken down by
-// gmtime_r (the usual way to print a date with the C library): "%d%b%Y" beside DATE9., "%d/%m/%Y" beside
-// DDMMYY10.
+// DATE9., DDMMYY10., YYQ6., WEEKDATX29. and WEEKV11. per value against strftime on the same day
+// serials, each broken down by gmtime_r (the usual way to print a date with the C library): "%d%b%Y"
+// beside DATE9., "%d/%m/%Y" beside DDMMYY10., "%A, %d %B %Y" beside WEEKDATX29. and "%G-W%V-%u" beside
+// WEEKV11.
 #include <benchmark/benchmark.h>
 
 #include <ctime>
@@ -29,7 +30,7 @@ const std::vector<double>& daySerials() {
 
 void formatEachDay(benchmark::State& state, KivoFormatFunction format, int width) {
     const std::vector<double>& values = daySerials();
-    char field[16];
+    char field[32];
     std::size_t i = 0;
     for (auto _ : state) {
         format(field, width, 0, values[i++ & 4095]);
@@ -67,5 +68,17 @@ BENCHMARK(BM_Yyq6);
 
 void BM_StrftimeDdSlashMmSlashYyyy(benchmark::State& state) { strftimeEachDay(state, "%d/%m/%Y"); }
 BENCHMARK(BM_StrftimeDdSlashMmSlashYyyy);
+
+void BM_Weekdatx29(benchmark::State& state) { formatEachDay(state, weekdatxFormat, 29); }
+BENCHMARK(BM_Weekdatx29);
+
+void BM_StrftimeWeekdayLongDate(benchmark::State& state) { strftimeEachDay(state, "%A, %d %B %Y"); }
+BENCHMARK(BM_StrftimeWeekdayLongDate);
+
+void BM_Weekv11(benchmark::State& state) { formatEachDay(state, weekvFormat, 11); }
+BENCHMARK(BM_Weekv11);
+
+void BM_StrftimeIsoWeekDate(benchmark::State& state) { strftimeEachDay(state, "%G-W%V-%u"); }
+BENCHMARK(BM_StrftimeIsoWeekDate);
 
 }  // namespace

@@ -72,6 +72,9 @@ TEST(FailureSitesDeathTest, DateTimeAndDatetimeFormats) {
             {site::DDMMYYN_WIDTH, [&] { ddmmyynFormat(field, 9, 0, 0); }},
             {site::MMDDYYN_WIDTH, [&] { mmddyynFormat(field, 1, 0, 0); }},
             {site::YYMMDDN_WIDTH, [&] { yymmddnFormat(field, 9, 0, 0); }},
+            // MINGUO lays out widths 6 to 10 and NENGO 2 to 10, of a date they can show.
+            {site::MINGUO_WIDTH, [&] { minguoFormat(field, 11, 0, 14610); }},
+            {site::NENGO_WIDTH, [&] { nengoFormat(field, 1, 0, 14610); }},
         },
         {&site::DATEAMPM_WRITING});
 }

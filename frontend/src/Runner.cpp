@@ -65,6 +65,11 @@ int runEach(std::span<const std::string_view> arguments, const RunOptions& optio
 
 int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string_view> values,
               const RunOptions& options, const Streams& streams) {
+    if (spec.entry->writesBytes && !options.hex) {
+        std::fprintf(streams.err, "kivodt: %.*s writes bytes, not text: run it with --hex\n",
+                     static_cast<int>(spec.entry->name.size()), spec.entry->name.data());
+        return EXIT_USAGE;
+    }
     std::vector<char> field(FIELD_ROOM);
     std::vector<char> hexField(2 * FIELD_ROOM);
     const auto width = static_cast<std::size_t>(spec.width);

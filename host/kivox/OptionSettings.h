@@ -25,6 +25,7 @@ KIVOX_EXPORT extern const OptionSetting DATE_STYLE;         // "datestyle": a da
 KIVOX_EXPORT extern const OptionSetting YEAR_CUTOFF;        // "yearcutoff": a year in the cutoff range
 KIVOX_EXPORT extern const OptionSetting LOCALE_DATE_STYLE;  // the locale's date style: not "locale"
 KIVOX_EXPORT extern const OptionSetting MISSING_CHAR;       // the missing-value character: one byte
+KIVOX_EXPORT extern const OptionSetting TODAY;              // "today": a day YYYY-MM-DD, or empty
 }  // namespace settings
 
 // An environment variable that gives an option its first value.
@@ -33,7 +34,8 @@ struct EnvironmentVariable {
     const OptionSetting* setting;
 };
 
-// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE and KIVO_MISSING_CHAR, in that order.
+// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE, KIVO_MISSING_CHAR and KIVO_TODAY, in that
+// order.
 KIVOX_EXPORT std::span<const EnvironmentVariable> environmentVariables();
 
 // Sets locator's options from those variables that are set. Each is checked like an option given on

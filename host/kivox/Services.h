@@ -37,8 +37,8 @@ public:
     virtual ~Service();
 };
 
-// Service 0: the system options. Known options are "datestyle" (default "locale") and "yearcutoff"
-// (default "1940", a year from 1582 to 19900).
+// Service 0: the system options. Known options are "datestyle" (default "locale"), "yearcutoff"
+// (default "1940", a year from 1582 to 19900) and "today" (default empty: the machine's clock).
 class KIVOX_EXPORT SystemOptions : public Service {
 public:
     static constexpr int ID = 0;
@@ -47,6 +47,12 @@ public:
     static constexpr int MAX_YEAR_CUTOFF = 19900;
 
     SystemOptions();
+    // "today", a date written YYYY-MM-DD, stands in for the machine's clock in Date::localDate(), so
+    // that what depends on today's date can be run as of a fixed day; the empty text (the default)
+    // gives the clock back.
+    static constexpr int CLOCK_TODAY = -0x7FFFFFFF - 1;  // the lowest int: no day serial
+    // The day serial of the "today" option, or CLOCK_TODAY while the clock decides.
+    int todaySerial() const noexcept { return todaySerial_.load(std::memory_order_relaxed); }
     // The option's current text, or nullptr for an unknown option.
     const char* getOption(const char* name) const noexcept;
     // False for an unknown option or a value the option cannot take. The date style is stored as
@@ -59,6 +65,8 @@ private:
     PublishedText dateStyle_;
     PublishedText yearCutoffText_;
     std::atomic<int> yearCutoff_;
+    PublishedText todayText_;
+    std::atomic<int> todaySerial_;
 };
 
 // Service 22: what the current locale says. The default English locale writes dates month first.
@@ -124,8 +132,8 @@ struct RejectedVariable {
 };
 
 // The process-wide locator. Its initial option values may come from the environment variables
-// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE and KIVO_MISSING_CHAR, read and checked once
-// when it is first used (see kivox/OptionSettings.h).
+// KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_LOCALE_DATESTYLE, KIVO_MISSING_CHAR and KIVO_TODAY, read and
+// checked once when it is first used (see kivox/OptionSettings.h).
 KIVOX_EXPORT ServiceLocator& getFallbackServiceCreator() noexcept;
 
 // The variables that the process-wide locator refused when it read the environment; empty when all

@@ -92,4 +92,29 @@ KIVO_EXPORT int yyqrnFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int yyqrpFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int yyqrsFormat(char* field, int width, int decimals, double value);
 
+// Dates in words, the width choosing short or long names: WORDDATE (March 17, 2021), WORDDATX
+// (17 March 2021), WEEKDATE (Wednesday, March 17, 2021), WEEKDATX and, for a seconds serial, DTWKDATX
+// (Wednesday, 17 March 2021).
+KIVO_EXPORT int worddateFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int worddatxFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekdateFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekdatxFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int dtwkdatxFormat(char* field, int width, int decimals, double value);
+
+// Week numbers under the U, V and W week conventions, left-aligned: 2021-W11-04, 2021-W11.
+KIVO_EXPORT int weekuFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekvFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int weekwFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyweekuFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyweekvFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int yyweekwFormat(char* field, int width, int decimals, double value);
+
+// Year and day of the year (JULIAN: 2021076; PDJULG and PDJULI: packed decimal bytes, not text) and
+// the era calendars (MINGUO: 110/03/17; NENGO: R03/03/17).
+KIVO_EXPORT int julianFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int pdjulgFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int pdjuliFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int minguoFormat(char* field, int width, int decimals, double value);
+KIVO_EXPORT int nengoFormat(char* field, int width, int decimals, double value);
+
 }  // extern "C"

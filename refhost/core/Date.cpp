@@ -5,6 +5,7 @@
 #include "CivilCalendar.h"
 #include "kivox/Calendar.h"
 #include "kivox/Missing.h"
+#include "kivox/Services.h"
 
 namespace kivo {
 
@@ -55,7 +56,13 @@ Date::Date(int year, int month, int day) noexcept : serial_(INVALID_SERIAL) {
     serial_ = static_cast<std::int32_t>(civil::toSerial(year, month, day));
 }
 
+// The "today" option of the caller's services, when set, stands in for the clock: what depends on
+// today's date then gives the same answer on every run.
 Date Date::localDate() noexcept {
+    const int today = currentServiceLocator().systemOptions().todaySerial();
+    if (today != SystemOptions::CLOCK_TODAY) {
+        return Date(static_cast<double>(today));
+    }
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     if (localtime_r(&now, &local) == nullptr) {

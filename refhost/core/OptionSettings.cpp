@@ -57,6 +57,8 @@ bool applyMissingChar(ServiceLocator& locator, const char* text) {
     return true;
 }
 
+bool applyToday(ServiceLocator& locator, const char* text) { return locator.systemOptions().setOption("today", text); }
+
 }  // namespace
 
 namespace settings {
@@ -64,6 +66,7 @@ const OptionSetting DATE_STYLE{"dmy, dym, mdy, myd, ydm, ymd or locale", applyDa
 const OptionSetting YEAR_CUTOFF{"a year from 1582 to 19900", applyYearCutoff};
 const OptionSetting LOCALE_DATE_STYLE{"dmy, dym, mdy, myd, ydm or ymd", applyLocaleDateStyle};
 const OptionSetting MISSING_CHAR{"one character", applyMissingChar};
+const OptionSetting TODAY{"a day YYYY-MM-DD from 1582-01-01 to 20000-12-31, or nothing for the clock", applyToday};
 }  // namespace settings
 
 std::span<const EnvironmentVariable> environmentVariables() {
@@ -72,6 +75,7 @@ std::span<const EnvironmentVariable> environmentVariables() {
         {"KIVO_YEARCUTOFF", &settings::YEAR_CUTOFF},
         {"KIVO_LOCALE_DATESTYLE", &settings::LOCALE_DATE_STYLE},
         {"KIVO_MISSING_CHAR", &settings::MISSING_CHAR},
+        {"KIVO_TODAY", &settings::TODAY},
     };
     return variables;
 }

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "kivox/Calendar.h"
 #include "kivox/OptionSettings.h"
 
 namespace kivo {
@@ -10,6 +11,46 @@ namespace kivo {
 namespace {
 
 thread_local ServiceLocator* currentLocator = nullptr;
+
+// Reads `count` digits at text as a number; false at the first byte that is not a digit.
+bool readDigits(const char* text, int count, int& value) noexcept {
+    value = 0;
+    for (int i = 0; i < count; ++i) {
+        if (text[i] < '0' || text[i] > '9') {
+            return false;
+        }
+        value = value * 10 + (text[i] - '0');
+    }
+    return true;
+}
+
+// A "today" date: YYYY-MM-DD (a year past 9999 with its fifth digit), a real day of the calendar's
+// range. The empty text stands for the clock.
+bool parseToday(const char* text, int& serial) noexcept {
+    if (*text == '\0') {
+        serial = SystemOptions::CLOCK_TODAY;
+        return true;
+    }
+    const std::size_t length = std::strlen(text);
+    const int yearDigits = static_cast<int>(length) - 6;
+    if (yearDigits != 4 && yearDigits != 5) {
+        return false;
+    }
+    const char* monthDay = text + yearDigits;
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    if (!readDigits(text, yearDigits, year) || monthDay[0] != '-' || !readDigits(monthDay + 1, 2, month) ||
+        monthDay[3] != '-' || !readDigits(monthDay + 4, 2, day)) {
+        return false;
+    }
+    const Date date(year, month, day);
+    if (!date.isValid()) {
+        return false;
+    }
+    serial = static_cast<int>(date);
+    return true;
+}
 
 // A year cutoff is a whole number of years in the supported range, written in plain digits.
 bool parseYearCutoff(const char* text, int& year) noexcept {
@@ -63,7 +104,8 @@ void PublishedText::set(const char* text) {
 
 Service::~Service() = default;
 
-SystemOptions::SystemOptions() : dateStyle_("locale"), yearCutoffText_("1940"), yearCutoff_(1940) {}
+SystemOptions::SystemOptions()
+    : dateStyle_("locale"), yearCutoffText_("1940"), yearCutoff_(1940), todayText_(""), todaySerial_(CLOCK_TODAY) {}
 
 const char* SystemOptions::getOption(const char* name) const noexcept {
     if (std::strcmp(name, "datestyle") == 0) {
@@ -71,6 +113,9 @@ const char* SystemOptions::getOption(const char* name) const noexcept {
     }
     if (std::strcmp(name, "yearcutoff") == 0) {
         return yearCutoffText_.get();
+    }
+    if (std::strcmp(name, "today") == 0) {
+        return todayText_.get();
     }
     return nullptr;
 }
@@ -87,6 +132,15 @@ bool SystemOptions::setOption(const char* name, const char* value) {
         }
         yearCutoffText_.set(value);
         yearCutoff_.store(year, std::memory_order_relaxed);
+        return true;
+    }
+    if (std::strcmp(name, "today") == 0) {
+        int serial = 0;
+        if (!parseToday(value, serial)) {
+            return false;
+        }
+        todayText_.set(value);
+        todaySerial_.store(serial, std::memory_order_relaxed);
         return true;
     }
     return false;

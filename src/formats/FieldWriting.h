@@ -112,4 +112,10 @@ inline void yearInPositions(char*& out, int positions, int year) noexcept {
     }
 }
 
+// value 0..999 as three digits, with leading zeros.
+inline void threeDigits(char*& out, int value) noexcept {
+    digit(out, value / 100);
+    twoDigits(out, value % 100);
+}
+
 }  // namespace kivo::format::field

@@ -98,6 +98,7 @@ env_error KIVO_DATESTYLE= "dmy, dym, mdy, myd, ydm, ymd or locale"
 env_error KIVO_LOCALE_DATESTYLE=locale "dmy, dym, mdy, myd, ydm or ymd"
 env_error KIVO_YEARCUTOFF=abc "a year from 1582 to 19900"
 env_error KIVO_MISSING_CHAR=ab "one character"
+env_error KIVO_TODAY=2021-02-29 "a day YYYY-MM-DD from 1582-01-01 to 20000-12-31, or nothing for the clock"
 expect "DDMMYY10. and YYMMDD10." 0 "17/03/2021
 2021-03-17" -- sh -c "'$KIVODT' format DDMMYY10. 22356 && '$KIVODT' format YYMMDD10. 22356"
 expect "YYQR7. moves the year with the numeral" 0 " 1960QI
@@ -114,6 +115,20 @@ expect "TIME8. informat: the field is the first 8 bytes" 0 "37815
 expect "CANSTAMP19. informat, two-digit year" 1 "1263551400
 invalid" -- sh -c "'$KIVODT' --yearcutoff 1950 informat CANSTAMP19. '00-01-15 10:30:00' && '$KIVODT' informat CANSTAMP '2000-01-15  10:30:00'"
 expect "HHMMSS cut by the field" 0 "37800" -- "$KIVODT" informat HHMMSS4. 103015
+expect "WEEKDATX29. and WORDDATE default width" 0 "     Sunday, 5 September 2021
+ September 5, 2021" -- sh -c "'$KIVODT' format WEEKDATX29. 22528 && '$KIVODT' format worddate 22528"
+expect "week numbers at the turn of the year" 0 "2020-W53-05
+2020-W53
+21W00" -- sh -c "'$KIVODT' format WEEKV 22281 && '$KIVODT' format YYWEEKV8. 22281 && '$KIVODT' format WEEKU5. 22281"
+expect "JULIAN, MINGUO" 0 "21076
+110/03/17" -- sh -c "'$KIVODT' format JULIAN 22356 && '$KIVODT' format MINGUO9. 22356"
+expect "NENGO after the today of KIVO_TODAY" 0 "*********" -- env KIVO_TODAY=2019-04-30 "$KIVODT" format NENGO9. 21670
+expect "NENGO up to the today of KIVO_TODAY" 0 "R01/05/01" -- env KIVO_TODAY=2019-05-01 "$KIVODT" format NENGO9. 21670
+expect "PDJULG and PDJULI as hex" 0 "2021076F
+0121076F
+0000000F" -- sh -c "'$KIVODT' --hex format PDJULG4. 22356 && '$KIVODT' --hex format PDJULI 22356 ."
+expect "packed bytes need --hex" 2 "" -- "$KIVODT" format PDJULG4. 22356
+expect "MINGUO outside its widths" 2 "" -- "$KIVODT" format MINGUO11. 22356
 
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))

@@ -34,7 +34,8 @@ struct RunOptions {
 // is named on streams.err and the run goes on (status 1); a failed read or write is named there too
 // ("kivodt: cannot write standard output: No space left on device") and ends the run (status 1).
 
-// One line per value: exactly the field's bytes (as hex pairs with options.hex).
+// One line per value: exactly the field's bytes (as hex pairs with options.hex). A format that writes
+// bytes runs only with options.hex; without it nothing is run and the result is EXIT_USAGE.
 int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string_view> values,
               const RunOptions& options, const Streams& streams);
 

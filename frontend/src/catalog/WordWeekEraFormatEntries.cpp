@@ -2,6 +2,43 @@
 
 namespace kivodt {
 
-std::span<const FormatEntry> wordWeekEraFormatEntries() { return {}; }
+namespace {
+
+// The text layouts start at the narrowest width that holds a name or a week (three characters); JULIAN
+// at its two-digit-year layout; MINGUO and NENGO span exactly the widths their tables define.
+constexpr Limits NO_DECIMALS(int minWidth, int maxWidth, int defaultWidth) {
+    return {minWidth, maxWidth, defaultWidth, Decimals::NOT_USED};
+}
+
+// The packed formats need three bytes for the day of the year and its sign; sixteen bytes are more
+// than any year needs.
+constexpr int WIDEST_PACKED = 16;
+
+constexpr ValueKind DAY = ValueKind::DAY;
+constexpr ValueKind DATETIME = ValueKind::DATETIME;
+constexpr bool WRITES_BYTES = true;
+
+constexpr FormatEntry ENTRIES[] = {
+    KIVODT_FORMAT(WORDDATE, worddate, NO_DECIMALS(3, MAX_FIELD, 18), DAY),
+    KIVODT_FORMAT(WORDDATX, worddatx, NO_DECIMALS(3, MAX_FIELD, 18), DAY),
+    KIVODT_FORMAT(WEEKDATE, weekdate, NO_DECIMALS(3, MAX_FIELD, 29), DAY),
+    KIVODT_FORMAT(WEEKDATX, weekdatx, NO_DECIMALS(3, MAX_FIELD, 29), DAY),
+    KIVODT_FORMAT(DTWKDATX, dtwkdatx, NO_DECIMALS(3, MAX_FIELD, 29), DATETIME),
+    KIVODT_FORMAT(WEEKU, weeku, NO_DECIMALS(3, MAX_FIELD, 11), DAY),
+    KIVODT_FORMAT(WEEKV, weekv, NO_DECIMALS(3, MAX_FIELD, 11), DAY),
+    KIVODT_FORMAT(WEEKW, weekw, NO_DECIMALS(3, MAX_FIELD, 11), DAY),
+    KIVODT_FORMAT(YYWEEKU, yyweeku, NO_DECIMALS(3, MAX_FIELD, 8), DAY),
+    KIVODT_FORMAT(YYWEEKV, yyweekv, NO_DECIMALS(3, MAX_FIELD, 8), DAY),
+    KIVODT_FORMAT(YYWEEKW, yyweekw, NO_DECIMALS(3, MAX_FIELD, 8), DAY),
+    KIVODT_FORMAT(JULIAN, julian, NO_DECIMALS(5, MAX_FIELD, 5), DAY),
+    KIVODT_FORMAT(MINGUO, minguo, NO_DECIMALS(6, 10, 8), DAY),
+    KIVODT_FORMAT(NENGO, nengo, NO_DECIMALS(2, 10, 10), DAY),
+    KIVODT_FORMAT(PDJULG, pdjulg, NO_DECIMALS(3, WIDEST_PACKED, 4), DAY, WRITES_BYTES),
+    KIVODT_FORMAT(PDJULI, pdjuli, NO_DECIMALS(3, WIDEST_PACKED, 4), DAY, WRITES_BYTES),
+};
+
+}  // namespace
+
+std::span<const FormatEntry> wordWeekEraFormatEntries() { return ENTRIES; }
 
 }  // namespace kivodt

@@ -22,9 +22,13 @@ inline constexpr FailureSite YYMMDDX_WIDTH{"false", SOURCE, 1142};
 inline constexpr FailureSite DDMMYYN_WIDTH{"false", SOURCE, 1181};
 inline constexpr FailureSite MMDDYYN_WIDTH{"false", SOURCE, 1220};
 inline constexpr FailureSite YYMMDDN_WIDTH{"false", SOURCE, 1259};
+// MINGUO and NENGO: a width outside 6..10 and 2..10.
+inline constexpr FailureSite MINGUO_WIDTH{"false", SOURCE, 1676};
+inline constexpr FailureSite NENGO_WIDTH{"false", SOURCE, 1839};
 
 inline constexpr FailureSite ALL[] = {SCALED_FRACTION, DATEAMPM_ROUNDING, DATEAMPM_WRITING,
                                       DDMMYYX_WIDTH,   MMDDYYX_WIDTH,     YYMMDDX_WIDTH,
-                                      DDMMYYN_WIDTH,   MMDDYYN_WIDTH,     YYMMDDN_WIDTH};
+                                      DDMMYYN_WIDTH,   MMDDYYN_WIDTH,     YYMMDDN_WIDTH,
+                                      MINGUO_WIDTH,    NENGO_WIDTH};
 
 }  // namespace kivo::format::datetime::failure

@@ -35,4 +35,12 @@ KIVO_EXPORT void doMonyyFormat(const kivo::Date& date, char*& out, int width);
 // The year, the separator and the quarter digit, from width 4; advances out past what it wrote.
 KIVO_EXPORT void doYyqxFormat(const kivo::Date& date, char*& out, int width, char separator);
 
+// WEEKDATX: the weekday and the date day first, short or long names by the width ("Wed, 17 Mar 2021",
+// "Wednesday, 17 March 2021"), right-aligned; advances out past the field.
+KIVO_EXPORT void doWeekdatxFormat(const kivo::Date& date, char*& out, int width);
+
+// A week record as text, left-aligned and padded with blanks to the width: "2021-W11-04" (withDay),
+// "2021-W11" (without, at width 8); advances out past the field.
+KIVO_EXPORT void doWeekFormat(const kivo::Date::YWD& ywd, char*& out, int width, bool withDay);
+
 }  // namespace kivo::format::datetime
