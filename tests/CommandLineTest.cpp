@@ -33,12 +33,13 @@ std::string meaningOf(const Arguments& arguments) {
         meaning += std::string(input) + ";";
     }
     return meaning + "] " + session.systemOptions().getOption("datestyle") + "/" +
-           session.systemOptions().getOption("yearcutoff") + "/" + session.env().missingChar();
+           session.systemOptions().getOption("yearcutoff") + "/" + session.env().missingChar() + "/" +
+           session.systemOptions().getOption("today");
 }
 
 TEST(KivodtCommandLine, EveryOptionMeansTheSameBeforeAndAfterTheCommand) {
     const std::map<std::string_view, std::string_view> samples = {
-        {"--datestyle", "dmy"}, {"--yearcutoff", "1920"}, {"--missing-char", "?"}};
+        {"--datestyle", "dmy"}, {"--yearcutoff", "1920"}, {"--missing-char", "?"}, {"--today", "2021-03-17"}};
     for (const kivodt::CommandLineOption& option : kivodt::commandLineOptions()) {
         Arguments given = {option.name};
         if (option.setting != nullptr) {
@@ -57,10 +58,10 @@ TEST(KivodtCommandLine, EveryOptionMeansTheSameBeforeAndAfterTheCommand) {
 
 TEST(KivodtCommandLine, EverythingAfterTheSpecIsAValue) {
     EXPECT_EQ(meaningOf({"--datestyle", "ymd", "format", "--hex", "DATE9.", "-5", "--hex", "--datestyle", "dmy"}),
-              "hex format DATE9. [-5;--hex;--datestyle;dmy;] ymd/1940/.");
+              "hex format DATE9. [-5;--hex;--datestyle;dmy;] ymd/1940/./");
     EXPECT_EQ(meaningOf({"--datestyle", "ymd", "informat", "--datestyle", "dmy", "ANYDTDTE"}),
-              "informat ANYDTDTE [] dmy/1940/.");
-    EXPECT_EQ(meaningOf({"list", "--hex"}), "hex list  [] locale/1940/.");
+              "informat ANYDTDTE [] dmy/1940/./");
+    EXPECT_EQ(meaningOf({"list", "--hex"}), "hex list  [] locale/1940/./");
 }
 
 TEST(KivodtCommandLine, BadCommandLinesAreNamed) {

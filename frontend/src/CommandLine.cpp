@@ -12,6 +12,7 @@ const CommandLineOption OPTIONS[] = {
     {"--datestyle", &kivo::settings::DATE_STYLE},
     {"--yearcutoff", &kivo::settings::YEAR_CUTOFF},
     {"--missing-char", &kivo::settings::MISSING_CHAR},
+    {"--today", &kivo::settings::TODAY},
 };
 
 const CommandLineOption* findOption(std::string_view name) {

@@ -35,8 +35,9 @@ Options (before or after the command, not after SPEC: there "-5" or "--hex" is a
   --datestyle STYLE   the "datestyle" option: dmy dym mdy myd ydm ymd or locale (default locale)
   --yearcutoff YEAR   first year of the window that two-digit years fall into (default 1940)
   --missing-char C    the character printed for an ordinary missing value (default .)
+  --today YYYY-MM-DD  the day taken as today (NENGO's last era ends there; default: the machine's clock)
 
-Environment: KIVO_DATESTYLE, KIVO_YEARCUTOFF and KIVO_MISSING_CHAR give those options their first
+Environment: KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_MISSING_CHAR and KIVO_TODAY give those options their first
 values, KIVO_LOCALE_DATESTYLE the locale's date style (default mdy); a bad value is an error.
 
 Exit status: 0 all went well; 1 some value or text could not be used (named on standard error), or

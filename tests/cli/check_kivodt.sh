@@ -79,6 +79,7 @@ both_positions "2031" "--hex" format DAY2. 0
 both_positions "15737" "--datestyle dmy" informat ANYDTDTE 01/02/2003
 both_positions "-14974" "--yearcutoff 1900" informat ANYDTDTE 01/02/19
 both_positions "      ?" "--missing-char ?" format DATE7. .
+both_positions "**********" "--today 2021-03-16" format NENGO10. 22356
 expect "after SPEC, -5 is a value" 0 "27DEC1959" -- "$KIVODT" format DATE9. -5
 expect "after SPEC, --hex is a value" 1 "" -- "$KIVODT" format DATE9. --hex
 expect "help after the command" 0 "usage:" -- sh -c "'$KIVODT' format --help | head -1"
