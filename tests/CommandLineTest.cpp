@@ -12,6 +12,16 @@ namespace {
 
 using Arguments = std::vector<std::string_view>;
 
+Arguments joined(std::initializer_list<Arguments> parts) {
+    Arguments all;
+    for (const Arguments& part : parts) {
+        for (std::string_view argument : part) {
+            all.push_back(argument);
+        }
+    }
+    return all;
+}
+
 // What a command line asks for, in one comparable text, with the options it sets applied to a
 // fresh locator.
 std::string meaningOf(const Arguments& arguments) {
@@ -46,10 +56,8 @@ TEST(KivodtCommandLine, EveryOptionMeansTheSameBeforeAndAfterTheCommand) {
             ASSERT_TRUE(samples.contains(option.name)) << option.name << " needs a sample argument here";
             given.push_back(samples.at(option.name));
         }
-        Arguments before = given, after = {"informat"};
-        before.insert(before.end(), {"informat", "ANYDTDTE", "01/02/03"});
-        after.insert(after.end(), given.begin(), given.end());
-        after.insert(after.end(), {"ANYDTDTE", "01/02/03"});
+        const Arguments before = joined({given, {"informat", "ANYDTDTE", "01/02/03"}});
+        const Arguments after = joined({{"informat"}, given, {"ANYDTDTE", "01/02/03"}});
         const std::string meaning = meaningOf(before);
         EXPECT_EQ(meaning, meaningOf(after)) << option.name;
         EXPECT_NE(meaning, meaningOf({"informat", "ANYDTDTE", "01/02/03"})) << option.name << " changed nothing";
