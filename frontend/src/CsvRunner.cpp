@@ -102,8 +102,8 @@ private:
 
     void reportCopied(const CsvRowBlock::Row& row) {
         if (row.treatment == RowTreatment::RAGGED) {
-            std::fprintf(err_, "kivodt: row %zu (line %zu): %zu fields where the first row has %zu; copied unchanged\n",
-                         row.number, row.line, row.fieldCount, layout_.fieldCount);
+            std::fprintf(err_, "kivodt: row %zu (line %zu): %zu field%s where the first row has %zu; copied unchanged\n",
+                         row.number, row.line, row.fieldCount, row.fieldCount == 1 ? "" : "s", layout_.fieldCount);
         } else {
             std::fprintf(err_,
                          "kivodt: row %zu (line %zu): a quote is not closed before the end of the input; copied "
