@@ -94,7 +94,11 @@ private:
     }
 
     void reportField(const CsvRowBlock::Row& row, std::size_t column, FieldProblem problem, std::string_view text) {
-        const std::string name = layout_.names.empty() ? "" : " " + quotedForMessage(layout_.names[column]);
+        std::string name;
+        if (!layout_.names.empty()) {
+            name = ' ';
+            name += quotedForMessage(layout_.names[column]);
+        }
         std::fprintf(err_, "kivodt: row %zu (line %zu), column %zu%s: %s: %s\n", row.number, row.line, column + 1,
                      name.c_str(), converter_.describe(problem).c_str(), quotedForMessage(text).c_str());
         status_ = EXIT_BAD_INPUT;
