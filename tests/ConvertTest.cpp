@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "kivodt/ConvertedFields.h"
 #include "kivodt/CsvRunner.h"
 #include "kivodt/FieldConverter.h"
 #include "kivodt/Runner.h"
@@ -55,6 +56,13 @@ int quotingFormat(char* field, int width, int, double) {
 const kivodt::FormatEntry QUOTING{"QUOTING", "", quotingFormat, {6, 32, 8, kivodt::Decimals::NOT_USED},
                                   kivodt::ValueKind::NUMBER};
 
+kivodt::FieldConverter formatting(const kivodt::ResolvedSpec<kivodt::FormatEntry>& spec, bool hexOutput = false) {
+    kivodt::FieldConverter converter;
+    std::string error;
+    EXPECT_TRUE(kivodt::FieldConverter::formatting(spec, hexOutput, converter, error)) << error;
+    return converter;
+}
+
 kivodt::FieldConverter converting(const char* informatText, const char* formatText) {
     kivodt::FieldConverter converter;
     std::string error;
@@ -92,10 +100,11 @@ TEST(KivodtConvert, HandsAValueToAFormatOfAnotherKindOrRefuses) {
             EXPECT_EQ(error, c.field);
             continue;
         }
-        std::string out;
-        kivodt::FieldScratch scratch;
-        EXPECT_EQ(converter.convert(c.text, out, scratch), kivodt::FieldProblem::NONE);
-        EXPECT_EQ(out, c.field) << c.informat << " " << c.format << " " << c.text;
+        kivodt::ConvertedFields converted;
+        const std::string_view texts[] = {c.text};
+        converter.convert(texts, converted);
+        EXPECT_EQ(converted.problem(0), kivodt::FieldProblem::NONE);
+        EXPECT_EQ(converted.output(0), c.field) << c.informat << " " << c.format << " " << c.text;
     }
 }
 
@@ -178,17 +187,17 @@ TEST(KivodtCsv, DelimitersHeadersBlanksAndQuotesOfTheFieldsWritten) {
     const CsvCase colons[] = {
         {"t\tat\n1\t45296\n2\t.\n", "at", "t\tat\n1\t12:34:56\n2\t       .\n", 0, ""},
     };
-    checkCsv(kivodt::FieldConverter::formatting(format("TIME8."), false), {.delimiter = '\t', .keepBlanks = true},
+    checkCsv(formatting(format("TIME8.")), {.delimiter = '\t', .keepBlanks = true},
              colons);
     const CsvCase quoted[] = {
         {"t:at\n1:45296\n", "2", "t:at\n1:\"12:34:56\"\n", 0, ""},
     };
-    checkCsv(kivodt::FieldConverter::formatting(format("TIME8."), false), {.delimiter = ':'}, quoted);
+    checkCsv(formatting(format("TIME8.")), {.delimiter = ':'}, quoted);
     const CsvCase written[] = {
         {"a,b\n1,5\n", "b", "a,b\n1,\"\"\"a\"\",b\"\n", 0, ""},
     };
     const kivodt::ResolvedSpec<kivodt::FormatEntry> quoting{&QUOTING, 8, 0, true};
-    checkCsv(kivodt::FieldConverter::formatting(quoting, false), {}, written);
+    checkCsv(formatting(quoting), {}, written);
 }
 
 TEST(KivodtCsv, AFieldThatCannotBeUsedIsNamedAndLeftEmptyOrAsItCame) {
@@ -205,7 +214,7 @@ TEST(KivodtCsv, AFieldThatCannotBeUsedIsNamedAndLeftEmptyOrAsItCame) {
     const CsvCase kept[] = {{input, "day", "n,day\n1,17MAR2021\n2,\"x,1\"\n", 1, "column 2 \"day\""}};
     checkCsv(converter, {}, kept, {.keep = true});
     const CsvCase values[] = {{"1,x\n", "2", "1,\n", 1, "row 1 (line 1), column 2: not a number or missing value"}};
-    checkCsv(kivodt::FieldConverter::formatting(format("DATE9."), false), {.header = false}, values);
+    checkCsv(formatting(format("DATE9.")), {.header = false}, values);
     const CsvCase read[] = {{"a\n15JAN2000\n", "a", "a\n14624\n", 0, ""}};
     checkCsv(kivodt::FieldConverter::reading(informat("ANYDTDTE"), false), {}, read);
 }
@@ -216,7 +225,7 @@ TEST(KivodtCsv, ARecordOverTheLimitIsCopiedThroughWhateverComesAround) {
          "a,b\n1,01JAN1960\n2,\"0123456789\n0123456789\"\n3,02JAN1960\n", 1,
          "kivodt: row 3 (line 3): longer than 16 bytes; copied unchanged\n"},
     };
-    checkCsv(kivodt::FieldConverter::formatting(format("DATE9."), false), {.maxRecordLength = 16}, cases);
+    checkCsv(formatting(format("DATE9.")), {.maxRecordLength = 16}, cases);
 }
 
 TEST(KivodtCsv, RowsAcrossManyBlocksComeOutInOrder) {
@@ -230,7 +239,7 @@ TEST(KivodtCsv, RowsAcrossManyBlocksComeOutInOrder) {
         output += std::to_string(row) + "," + (day.empty() ? "" : std::string(field, 9)) + ",\"x\r\ny\"\r\n";
     }
     const CsvCase cases[] = {{input.c_str(), "day", output.c_str(), 0, ""}};
-    checkCsv(kivodt::FieldConverter::formatting(format("DATE9."), false), {}, cases);
+    checkCsv(formatting(format("DATE9.")), {}, cases);
 }
 
 }  // namespace

@@ -2,26 +2,34 @@
 
 #include <cstring>
 
+#include "kivodt/Batch.h"
+#include "kivodt/ConvertedFields.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
 
 namespace kivodt {
 
-bool readWithInformat(const ResolvedSpec<InformatEntry>& spec, std::string_view text, std::string& field,
-                      double& result) {
-    const std::size_t fieldLength =
-        spec.widthGiven && text.size() > static_cast<std::size_t>(spec.width) ? spec.width : text.size();
-    field.assign(text.substr(0, fieldLength));
-    result = kivo::lum_numeric::MISSING;
-    return spec.entry->function(field.data(), static_cast<int>(fieldLength), static_cast<int>(text.size()),
-                                spec.decimals, &result) != 0;
+namespace {
+
+bool refuseBytesAsText(const ResolvedSpec<FormatEntry>& format, bool hexOutput, std::string& error) {
+    if (format.entry->writesBytes && !hexOutput) {
+        error = std::string(format.entry->name) + " writes bytes, not text: run it with --hex or --hex-out";
+        return true;
+    }
+    return false;
 }
 
-FieldConverter FieldConverter::formatting(const ResolvedSpec<FormatEntry>& format, bool hexOutput) {
-    FieldConverter converter;
+}  // namespace
+
+bool FieldConverter::formatting(const ResolvedSpec<FormatEntry>& format, bool hexOutput, FieldConverter& converter,
+                                std::string& error) {
+    if (refuseBytesAsText(format, hexOutput, error)) {
+        return false;
+    }
+    converter = FieldConverter{};
     converter.format_ = format;
     converter.hexOutput_ = hexOutput;
-    return converter;
+    return true;
 }
 
 FieldConverter FieldConverter::reading(const ResolvedSpec<InformatEntry>& informat, bool hexInput) {
@@ -39,31 +47,30 @@ bool FieldConverter::converting(const ResolvedSpec<InformatEntry>& informat, con
                 std::string(format.entry->name) + " cannot show (it shows " + kindName(format.entry->kind) + ")";
         return false;
     }
-    converter = FieldConverter{};
+    if (!formatting(format, hexOutput, converter, error)) {
+        return false;
+    }
     converter.informat_ = informat;
-    converter.format_ = format;
     converter.step_ = step;
     converter.hexInput_ = hexInput;
-    converter.hexOutput_ = hexOutput;
     return true;
 }
 
-FieldProblem FieldConverter::convert(std::string_view text, std::string& out, FieldScratch& scratch) const {
-    double value = 0;
-    const FieldProblem problem = read(text, scratch, value);
-    if (problem != FieldProblem::NONE) {
-        writeBlank(out);
-        return problem;
+void FieldConverter::convert(std::span<const std::string_view> texts, ConvertedFields& out, int threads) const {
+    out.problems_.assign(texts.size(), FieldProblem::NONE);
+    out.values_.assign(texts.size(), kivo::lum_numeric::MISSING);
+    if (informat_.entry == nullptr) {
+        parseValues(texts, out);
+    } else {
+        readTexts(texts, out, threads);
     }
+    out.bytes_.clear();
+    out.ends_.clear();
     if (format_.entry == nullptr) {
-        char printed[32];
-        out.append(printed, printValue(value, printed));
-        return FieldProblem::NONE;
+        printValues(out);
+    } else {
+        writeFields(out, threads);
     }
-    char field[MAX_FIELD];
-    format_.entry->function(field, format_.width, format_.decimals, applyKindStep(step_, value));
-    append(field, out);
-    return FieldProblem::NONE;
 }
 
 std::string FieldConverter::describe(FieldProblem problem) const {
@@ -80,21 +87,63 @@ std::string FieldConverter::describe(FieldProblem problem) const {
     return "";
 }
 
-FieldProblem FieldConverter::read(std::string_view text, FieldScratch& scratch, double& value) const {
-    if (informat_.entry == nullptr) {
-        return parseValue(text, value) ? FieldProblem::NONE : FieldProblem::NOT_A_VALUE;
-    }
-    if (hexInput_) {
-        if (!decodeHex(text, scratch.decoded)) {
-            return FieldProblem::NOT_HEX;
+void FieldConverter::parseValues(std::span<const std::string_view> texts, ConvertedFields& out) const {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (!parseValue(texts[i], out.values_[i])) {
+            out.problems_[i] = FieldProblem::NOT_A_VALUE;
         }
-        text = scratch.decoded;
     }
-    return readWithInformat(informat_, text, scratch.field, value) ? FieldProblem::NONE : FieldProblem::REJECTED;
+}
+
+// A text that is not hex pairs takes an empty place in the column, so that indexes stay the texts'.
+void FieldConverter::readTexts(std::span<const std::string_view> texts, ConvertedFields& out, int threads) const {
+    out.column_.clear();
+    out.offsets_.assign(1, 0);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (!hexInput_) {
+            out.column_.append(texts[i]);
+        } else if (decodeHex(texts[i], out.decoded_)) {
+            out.column_.append(out.decoded_);
+        } else {
+            out.problems_[i] = FieldProblem::NOT_HEX;
+        }
+        out.offsets_.push_back(out.column_.size());
+    }
+    out.accepted_.assign(texts.size(), 0);
+    informatBatch(*informat_.entry, informat_.widthGiven ? informat_.width : WHOLE_TEXT, informat_.decimals,
+                  {out.column_.data(), out.offsets_}, out.values_, out.accepted_, threads);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (out.accepted_[i] == 0 && out.problems_[i] == FieldProblem::NONE) {
+            out.problems_[i] = FieldProblem::REJECTED;
+        }
+        out.values_[i] = applyKindStep(step_, out.values_[i]);
+    }
+}
+
+void FieldConverter::writeFields(ConvertedFields& out, int threads) const {
+    const auto width = static_cast<std::size_t>(format_.width);
+    out.fields_.resize(out.values_.size() * width);
+    formatBatch(*format_.entry, format_.width, format_.decimals, out.values_, out.fields_.data(), threads);
+    char blanks[MAX_FIELD];
+    std::memset(blanks, ' ', sizeof blanks);
+    for (std::size_t i = 0; i < out.values_.size(); ++i) {
+        appendField(out.problems_[i] == FieldProblem::NONE ? out.fields_.data() + i * width : blanks, out.bytes_);
+        out.ends_.push_back(out.bytes_.size());
+    }
+}
+
+void FieldConverter::printValues(ConvertedFields& out) const {
+    for (std::size_t i = 0; i < out.values_.size(); ++i) {
+        if (out.problems_[i] == FieldProblem::NONE) {
+            char printed[32];
+            out.bytes_.append(printed, printValue(out.values_[i], printed));
+        }
+        out.ends_.push_back(out.bytes_.size());
+    }
 }
 
 // The field's bytes, or their hex pairs.
-void FieldConverter::append(const char* field, std::string& out) const {
+void FieldConverter::appendField(const char* field, std::string& out) const {
     const auto width = static_cast<std::size_t>(format_.width);
     if (!hexOutput_) {
         out.append(field, width);
@@ -103,14 +152,6 @@ void FieldConverter::append(const char* field, std::string& out) const {
     char hex[2 * MAX_FIELD];
     encodeHex(field, width, hex);
     out.append(hex, 2 * width);
-}
-
-void FieldConverter::writeBlank(std::string& out) const {
-    if (format_.entry != nullptr) {
-        char blanks[MAX_FIELD];
-        std::memset(blanks, ' ', sizeof blanks);
-        append(blanks, out);
-    }
 }
 
 }  // namespace kivodt

@@ -7,7 +7,6 @@
 
 #include "kivodt/BufferedOutput.h"
 #include "kivodt/ConvertedFields.h"
-#include "kivodt/FieldConverter.h"
 #include "kivodt/InputLines.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
@@ -111,7 +110,7 @@ private:
 // that could not be used a message and the stand-in (with --keep, the text as it came).
 int writeBlock(LineBlock& block, const FieldConverter& converter, ConvertedFields& converted,
                const RunOptions& options, const char* place, BufferedOutput& out, std::FILE* err) {
-    converted.convert(converter, block.texts());
+    converter.convert(block.texts(), converted);
     int status = EXIT_OK;
     std::size_t next = 0;
     for (std::size_t i = 0; i < block.lines().size(); ++i) {
@@ -178,17 +177,26 @@ int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string
 
 int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts,
                 const RunOptions& options, const Streams& streams) {
-    FieldScratch scratch;
+    std::string bytes;
+    std::vector<char> field;
     return runEach(texts, options, streams, [&](std::string_view text, const InputLines& inputs, BufferedOutput& out) {
         if (options.hex) {
-            if (!decodeHex(text, scratch.decoded)) {
+            if (!decodeHex(text, bytes)) {
                 reportLine(streams.err, inputs, "not hex pairs", text);
                 return EXIT_BAD_INPUT;
             }
-            text = scratch.decoded;
+            text = bytes;
         }
-        double result = 0;
-        if (!readWithInformat(spec, text, scratch.field, result)) {
+        // The field is the first `width` bytes of the text, or the whole text when it is shorter or when
+        // the spec gave no width; copied, so that the informat sees nothing beyond it. The line limit
+        // keeps the text's length within an int.
+        const std::size_t fieldLength =
+            spec.widthGiven && text.size() > static_cast<std::size_t>(spec.width) ? spec.width : text.size();
+        field.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(fieldLength));
+        double result = kivo::lum_numeric::MISSING;
+        const int accepted = spec.entry->function(field.data(), static_cast<int>(fieldLength),
+                                                  static_cast<int>(text.size()), spec.decimals, &result);
+        if (accepted == 0) {
             out.line("invalid", 7);
             return EXIT_BAD_INPUT;
         }

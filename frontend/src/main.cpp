@@ -88,11 +88,8 @@ bool makeConverter(const kivodt::CommandLine& line, kivodt::FieldConverter& conv
     const bool hexInput = line.hex || line.hexInput;
     const bool hexOutput = line.hex || line.hexOutput;
     if (line.command == "format") {
-        if (!kivodt::resolveFormat(line.spec, format, error)) {
-            return false;
-        }
-        converter = kivodt::FieldConverter::formatting(format, hexOutput);
-        return true;
+        return kivodt::resolveFormat(line.spec, format, error) &&
+               kivodt::FieldConverter::formatting(format, hexOutput, converter, error);
     }
     if (!kivodt::resolveInformat(line.spec, informat, error)) {
         return false;

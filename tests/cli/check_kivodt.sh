@@ -94,6 +94,15 @@ fails "convert a time to a date" 2 "kivodt: ANYDTTME reads a time, which DATE ca
 fails "convert needs two specs" 2 "kivodt: convert needs an INFORMAT and a FORMAT
 (kivodt --help explains the usage)" -- "$KIVODT" convert ANYDTDTE
 expect "convert --hex-out" 0 "3137" -- "$KIVODT" convert --hex-out ANYDTDTE DAY2. 2021-03-17
+expect "convert a packed format" 0 "2021076F" -- "$KIVODT" convert --hex-out ANYDTDTE PDJULG4. 2021-03-17
+fails "convert a packed format as text" 2 "kivodt: PDJULG writes bytes, not text: run it with --hex or --hex-out
+(kivodt --help explains the usage)" -- "$KIVODT" convert ANYDTDTE PDJULG4. 2021-03-17
+expect "convert a rejected text: a blank field" 1 "17-MAR-2021
+           " -- "$KIVODT" convert DATE9. DATE11. 17MAR2021 17XYZ2021
+fails "convert a rejected text named" 1 'kivodt: argument 2: not read by DATE: "17XYZ2021"' -- \
+    "$KIVODT" convert DATE9. DATE11. 17MAR2021 17XYZ2021
+expect "convert --keep" 1 "17-MAR-2021
+17XYZ2021" -- "$KIVODT" convert --keep DATE9. DATE11. 17MAR2021 17XYZ2021
 
 csv() {  # csv NAME STATUS INPUT EXPECTED_OUTPUT -- kivodt arguments...: exact bytes, escapes as printf %b
     name=$1 status=$2 input=$3 expected=$4
@@ -115,6 +124,8 @@ csv "csv by number, no header, semicolons" 0 '1;22356;x\n2;;y\n' '1;17MAR2021;x\
 csv "csv tab delimiter, blanks kept" 0 'a\tb\n.\t0\n' 'a\tb\n        .\t01JAN1960\n' -- \
     --csv 1,2 --delimiter tab --keep-blanks format DATE9.
 csv "csv output field without the delimiter" 0 't,at\n1,45296\n' 't,at\n1,12:34:56\n' -- --csv at format TIME8.
+csv "csv output field holding a comma" 0 'id,day\n1,22356\n' 'id,day\n1,"March 17, 2021"\n' -- \
+    --csv day format WORDDATE18.
 csv "csv output field holding the delimiter" 0 't:at\n1:45296\n' 't:at\n1:"12:34:56"\n' -- \
     --csv at --delimiter : format TIME8.
 csv "csv informat" 0 'd\n15JAN2000\n' 'd\n14624\n' -- --csv d informat ANYDTDTE

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,27 +9,26 @@
 
 namespace kivodt {
 
-// The outputs of an array of texts converted through one converter. A run gathers the texts of a block
-// of lines or rows and converts them here at once, so that the block can be split between threads, each
-// converting its slice into a ConvertedFields of its own.
+// The outputs of an array of texts converted at once by FieldConverter::convert, with the working
+// arrays of its steps, kept from one array to the next so that a stream of blocks reuses their room.
 class ConvertedFields {
 public:
-    // Replaces what was held by the outputs of texts, in their order.
-    void convert(const FieldConverter& converter, std::span<const std::string_view> texts);
-
     std::size_t size() const noexcept { return ends_.size(); }
     std::string_view output(std::size_t i) const noexcept;
-    FieldProblem problem(std::size_t i) const noexcept { return ends_[i].problem; }
+    FieldProblem problem(std::size_t i) const noexcept { return problems_[i]; }
 
 private:
-    struct End {
-        std::size_t end;  // of the output in bytes_
-        FieldProblem problem;
-    };
+    friend class FieldConverter;
 
-    std::string bytes_;
-    std::vector<End> ends_;
-    FieldScratch scratch_;
+    std::string bytes_;               // the outputs, end to end
+    std::vector<std::size_t> ends_;   // of each output in bytes_
+    std::vector<FieldProblem> problems_;
+    std::vector<double> values_;
+    std::string column_;              // the texts an informat reads, end to end (decoded from hex pairs)
+    std::vector<std::size_t> offsets_;
+    std::vector<unsigned char> accepted_;
+    std::string decoded_;
+    std::vector<char> fields_;        // the format's fields, end to end
 };
 
 }  // namespace kivodt
