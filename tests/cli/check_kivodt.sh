@@ -123,16 +123,12 @@ csv "csv by number, no header, semicolons" 0 '1;22356;x\n2;;y\n' '1;17MAR2021;x\
     --csv 2 --no-header --delimiter ';' format DATE9.
 csv "csv tab delimiter, blanks kept" 0 'a\tb\n.\t0\n' 'a\tb\n        .\t01JAN1960\n' -- \
     --csv 1,2 --delimiter tab --keep-blanks format DATE9.
-csv "csv output field without the delimiter" 0 't,at\n1,45296\n' 't,at\n1,12:34:56\n' -- --csv at format TIME8.
 csv "csv output field holding a comma" 0 'id,day\n1,22356\n' 'id,day\n1,"March 17, 2021"\n' -- \
     --csv day format WORDDATE18.
 csv "csv output field holding the delimiter" 0 't:at\n1:45296\n' 't:at\n1:"12:34:56"\n' -- \
     --csv at --delimiter : format TIME8.
 csv "csv informat" 0 'd\n15JAN2000\n' 'd\n14624\n' -- --csv d informat ANYDTDTE
-csv "csv ragged row copied" 1 'a,b\n1,0\n2\n3,1,x\n' 'a,b\n1,01JAN1960\n2\n3,1,x\n' -- --csv b format DATE9.
-csv "csv bad value emptied" 1 'a,b\n1,x\n' 'a,b\n1,\n' -- --csv b format DATE9.
 csv "csv bad value kept" 1 'a,b\n1,"x"\n' 'a,b\n1,"x"\n' -- --csv b --keep format DATE9.
-csv "csv unknown column" 2 'a,b\n1,x\n' '' -- --csv date format DATE9.
 fails "csv unknown column named" 2 'kivodt: no column "date" in the header; the columns are 1 "id", 2 "when"' -- \
     sh -c "printf 'id,when\n' | '$KIVODT' --csv date convert ANYDTDTE DATE9."
 fails "csv ragged row named" 1 "kivodt: row 3 (line 4): 1 field where the first row has 2; copied unchanged" -- \
