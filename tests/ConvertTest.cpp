@@ -5,18 +5,18 @@
 #include <string>
 #include <vector>
 
+#include "RunCapture.h"
 #include "kivodt/ConvertedFields.h"
 #include "kivodt/CsvRunner.h"
 #include "kivodt/FieldConverter.h"
 #include "kivodt/Runner.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
-#include "RunCapture.h"
 
 namespace {
 
-using kivodt::test::Captured;
 using kivodt::test::capture;
+using kivodt::test::Captured;
 
 kivodt::ResolvedSpec<kivodt::FormatEntry> format(const char* text) {
     kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
@@ -44,8 +44,8 @@ int digitsInformat(const char* text, int width, int, int, double* result) {
     *result = value;
     return width > 0;
 }
-const kivodt::InformatEntry DIGITS{"DIGITS", "", digitsInformat, {1, 32, 8, kivodt::Decimals::NOT_USED},
-                                   kivodt::ValueKind::DAY};
+const kivodt::InformatEntry DIGITS{
+    "DIGITS", "", digitsInformat, {1, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::DAY};
 
 // A format whose field holds the delimiter and quotes: a CSV must quote what it writes.
 int quotingFormat(char* field, int width, int, double) {
@@ -53,8 +53,8 @@ int quotingFormat(char* field, int width, int, double) {
     text.copy(field, text.size());
     return 0;
 }
-const kivodt::FormatEntry QUOTING{"QUOTING", "", quotingFormat, {6, 32, 8, kivodt::Decimals::NOT_USED},
-                                  kivodt::ValueKind::NUMBER};
+const kivodt::FormatEntry QUOTING{
+    "QUOTING", "", quotingFormat, {6, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::NUMBER};
 
 kivodt::FieldConverter formatting(const kivodt::ResolvedSpec<kivodt::FormatEntry>& spec, bool hexOutput = false) {
     kivodt::FieldConverter converter;
@@ -66,8 +66,8 @@ kivodt::FieldConverter formatting(const kivodt::ResolvedSpec<kivodt::FormatEntry
 kivodt::FieldConverter converting(const char* informatText, const char* formatText) {
     kivodt::FieldConverter converter;
     std::string error;
-    EXPECT_TRUE(kivodt::FieldConverter::converting(informat(informatText), format(formatText), false, false,
-                                                   converter, error))
+    EXPECT_TRUE(
+        kivodt::FieldConverter::converting(informat(informatText), format(formatText), false, false, converter, error))
         << error;
     return converter;
 }
@@ -114,9 +114,8 @@ TEST(KivodtConvert, ALineThatCannotBeReadIsNamedAndGivesABlankFieldOrItself) {
     std::string error;
     ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE9."), false, false, converter, error));
     const std::string input = "22356\nx1\n0\n";
-    const Captured blank = capture(input, [&](const kivodt::Streams& streams) {
-        return kivodt::runConvert(converter, {}, {}, streams);
-    });
+    const Captured blank =
+        capture(input, [&](const kivodt::Streams& streams) { return kivodt::runConvert(converter, {}, {}, streams); });
     EXPECT_EQ(blank.status, kivodt::EXIT_BAD_INPUT);
     EXPECT_EQ(blank.out, "17MAR2021\n         \n01JAN1960\n");
     EXPECT_EQ(blank.err, "kivodt: line 2: not read by DIGITS: \"x1\"\n");
@@ -127,9 +126,8 @@ TEST(KivodtConvert, ALineThatCannotBeReadIsNamedAndGivesABlankFieldOrItself) {
 
     ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE5."), true, true, converter, error));
     const std::string_view hexTexts[] = {"3232333536", "zz"};
-    const Captured hex = capture("", [&](const kivodt::Streams& streams) {
-        return kivodt::runConvert(converter, hexTexts, {}, streams);
-    });
+    const Captured hex = capture(
+        "", [&](const kivodt::Streams& streams) { return kivodt::runConvert(converter, hexTexts, {}, streams); });
     EXPECT_EQ(hex.out, "31374D4152\n2020202020\n");  // "17MAR", and the blank field
     EXPECT_EQ(hex.err, "kivodt: argument 2: not hex pairs: \"zz\"\n");
 }
@@ -150,9 +148,8 @@ void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, s
         std::string error;
         ASSERT_TRUE(kivodt::parseColumnChoices(c.columns, csv.header, choices, error)) << error;
         csv.columns = choices;
-        const Captured run = capture(c.input, [&](const kivodt::Streams& streams) {
-            return kivodt::runCsv(converter, csv, options, streams);
-        });
+        const Captured run = capture(
+            c.input, [&](const kivodt::Streams& streams) { return kivodt::runCsv(converter, csv, options, streams); });
         EXPECT_EQ(run.out, c.output) << c.input;
         EXPECT_EQ(run.status, c.status) << c.input;
         EXPECT_NE(run.err.find(c.message), std::string::npos) << c.input << "\n" << run.err;

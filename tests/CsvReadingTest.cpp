@@ -47,14 +47,14 @@ TEST(CsvRecords, SplitsFieldsAndRecordsWhereverTheChunksEnd) {
     const std::pair<const char*, const char*> cases[] = {
         {"a,b,c\n1,2,3\n", "1:a|b|c$ 2:1|2|3$ "},
         {"a,b\r\n1,2\r\n", "1:a|b%$ 2:1|2%$ "},
-        {"a,b\r\n1,2", "1:a|b%$ 2:1|2 "},                        // no terminator at the end
-        {"a,b\r", "1:a|b% "},                                   // a CR at the end ends the record
+        {"a,b\r\n1,2", "1:a|b%$ 2:1|2 "},  // no terminator at the end
+        {"a,b\r", "1:a|b% "},              // a CR at the end ends the record
         {"\"x,y\",\"say \"\"hi\"\"\",\n", "1:\"x,y\"|\"say \"\"hi\"\"\"|$ "},
         {"\"two\nlines\",z\nnext\n", "1:\"two\nlines\"|z$ 3:next$ "},
-        {"\"a\r\nb\"\r\n", "1:\"a\r\nb\"%$ "},                   // a CRLF inside quotes is text
-        {"a\rb,c\n", "1:a\rb|c$ "},                             // a lone CR is text
-        {"ab\"c,d\n", "1:ab\"c|d$ "},                           // a quote inside an unquoted field is text
-        {"\"ab\"c,d\n", "1:\"ab\"c|d$ "},                       // and so is text after a closing quote
+        {"\"a\r\nb\"\r\n", "1:\"a\r\nb\"%$ "},  // a CRLF inside quotes is text
+        {"a\rb,c\n", "1:a\rb|c$ "},             // a lone CR is text
+        {"ab\"c,d\n", "1:ab\"c|d$ "},           // a quote inside an unquoted field is text
+        {"\"ab\"c,d\n", "1:\"ab\"c|d$ "},       // and so is text after a closing quote
         {",,\n\n", "1:||$ 2:$ "},
         {"", ""},
         {"\"open,\nto the end", "1:\"open,\nto the end! "},
@@ -62,7 +62,8 @@ TEST(CsvRecords, SplitsFieldsAndRecordsWhereverTheChunksEnd) {
     };
     for (const auto& [input, records] : cases) {
         for (std::size_t chunkBytes = 1; chunkBytes <= 8; ++chunkBytes) {
-            EXPECT_EQ(recordsOf(input, ',', 100, chunkBytes), records) << '"' << input << "\" in chunks of " << chunkBytes;
+            EXPECT_EQ(recordsOf(input, ',', 100, chunkBytes), records)
+                << '"' << input << "\" in chunks of " << chunkBytes;
         }
     }
 }
@@ -72,15 +73,17 @@ TEST(CsvRecords, TakesAnyDelimiterAndHandsOnRecordsOverTheLimitInPieces) {
     EXPECT_EQ(recordsOf("a\tb\n", '\t', 100, 3), "1:a|b$ ");
     for (std::size_t chunkBytes = 1; chunkBytes <= 8; ++chunkBytes) {
         // The limit counts the bytes before the terminator.
-        EXPECT_EQ(recordsOf("1234\r\n12345\r\n\"1\n2,345\"\n12\n", ',', 4, chunkBytes), "1:1234%$ 2:<long> 3:<long> 5:12$ ")
+        EXPECT_EQ(recordsOf("1234\r\n12345\r\n\"1\n2,345\"\n12\n", ',', 4, chunkBytes),
+                  "1:1234%$ 2:<long> 3:<long> 5:12$ ")
             << "chunks of " << chunkBytes;
     }
 }
 
 TEST(CsvFieldText, TakesQuotesOffAndPutsThemOnWhereNeeded) {
     const std::pair<const char*, const char*> read[] = {
-        {"plain", "plain"}, {"\"x,y\"", "x,y"}, {"\"say \"\"hi\"\"\"", "say \"hi\""}, {"\"\"", ""},
-        {"\"ab\"c", "abc"}, {"\"open", "open"}, {"a\"b", "a\"b"}, {" \"a\"", " \"a\""},
+        {"plain", "plain"}, {"\"x,y\"", "x,y"},   {"\"say \"\"hi\"\"\"", "say \"hi\""},
+        {"\"\"", ""},       {"\"ab\"c", "abc"},   {"\"open", "open"},
+        {"a\"b", "a\"b"},   {" \"a\"", " \"a\""},
     };
     for (const auto& [field, text] : read) {
         std::string out = "<";
@@ -88,8 +91,13 @@ TEST(CsvFieldText, TakesQuotesOffAndPutsThemOnWhereNeeded) {
         EXPECT_EQ(out, std::string("<") + text) << field;
     }
     const std::pair<const char*, const char*> written[] = {
-        {"17MAR2021", "17MAR2021"}, {"March 17, 2021", "\"March 17, 2021\""}, {"a\"b", "\"a\"\"b\""},
-        {"a\nb", "\"a\nb\""}, {"a\rb", "\"a\rb\""}, {"a;b", "a;b"}, {"", ""},
+        {"17MAR2021", "17MAR2021"},
+        {"March 17, 2021", "\"March 17, 2021\""},
+        {"a\"b", "\"a\"\"b\""},
+        {"a\nb", "\"a\nb\""},
+        {"a\rb", "\"a\rb\""},
+        {"a;b", "a;b"},
+        {"", ""},
     };
     for (const auto& [text, field] : written) {
         std::string out;

@@ -75,8 +75,7 @@ bool takeOptions(std::span<const std::string_view> arguments, std::size_t& next,
     return true;
 }
 
-bool takeSpecs(std::span<const std::string_view> arguments, std::size_t& next, CommandLine& line,
-               std::string& error) {
+bool takeSpecs(std::span<const std::string_view> arguments, std::size_t& next, CommandLine& line, std::string& error) {
     const bool converting = line.command == "convert";
     if (arguments.size() - next < (converting ? 2u : 1u)) {
         error = converting ? "convert needs an INFORMAT and a FORMAT" : std::string(line.command) + " needs a SPEC";

@@ -69,7 +69,8 @@ bool resolveColumns(std::span<const ColumnChoice> choices, std::span<const std::
         if (choice.number == 0) {
             const auto found = std::find(names.begin(), names.end(), choice.name);
             if (found == names.end()) {
-                error = "no column " + quotedForMessage(choice.name) + " in the header; " + theColumns(names, fieldCount);
+                error =
+                    "no column " + quotedForMessage(choice.name) + " in the header; " + theColumns(names, fieldCount);
                 return false;
             }
             indexes.push_back(static_cast<std::size_t>(found - names.begin()));

@@ -21,8 +21,12 @@ void CsvRowBlock::add(const CsvRecord& record, RowTreatment treatment, std::span
 CsvRowBlock::Row CsvRowBlock::row(std::size_t i) const {
     const Kept& kept = rows_[i];
     const std::size_t begin = i == 0 ? 0 : rows_[i - 1].end;
-    return {std::string_view(bytes_).substr(begin, kept.end - begin), kept.number, kept.line, kept.fieldCount,
-            kept.treatment, kept.firstField};
+    return {std::string_view(bytes_).substr(begin, kept.end - begin),
+            kept.number,
+            kept.line,
+            kept.fieldCount,
+            kept.treatment,
+            kept.firstField};
 }
 
 std::span<const std::string_view> CsvRowBlock::texts() {

@@ -24,8 +24,8 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
     return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
 
-// The columns chosen, found in the first record: the header, or the first row.
-struct Layout {
+// The columns chosen, as found in the first record: the header, or the first row.
+struct ChosenColumns {
     std::vector<std::string> names;  // the header's fields; empty with no header
     std::size_t fieldCount = 0;
     std::vector<std::size_t> columns;
@@ -34,9 +34,9 @@ struct Layout {
 // Writes blocks of rows back: the chosen fields replaced by their outputs, every other byte as it came.
 class CsvWriter {
 public:
-    CsvWriter(const FieldConverter& converter, const CsvOptions& csv, const RunOptions& options, const Layout& layout,
-              BufferedOutput& out, std::FILE* err)
-        : converter_(converter), csv_(csv), options_(options), layout_(layout), out_(out), err_(err) {}
+    CsvWriter(const FieldConverter& converter, const CsvOptions& csv, const RunOptions& options,
+              const ChosenColumns& chosen, BufferedOutput& out, std::FILE* err)
+        : converter_(converter), csv_(csv), options_(options), chosen_(chosen), out_(out), err_(err) {}
 
     int status() const noexcept { return status_; }
 
@@ -64,7 +64,7 @@ public:
 private:
     void writeConverted(const CsvRowBlock::Row& row, CsvRowBlock& block) {
         std::size_t written = 0;
-        for (std::size_t k = 0; k < layout_.columns.size(); ++k) {
+        for (std::size_t k = 0; k < chosen_.columns.size(); ++k) {
             const CsvFieldSpan span = block.fields()[row.firstField + k];
             out_.write(row.bytes.substr(written, span.begin - written));
             writeField(row, k, row.bytes.substr(span.begin, span.end - span.begin), row.firstField + k);
@@ -81,7 +81,7 @@ private:
         }
         const FieldProblem problem = converted_.problem(index);
         if (problem != FieldProblem::NONE) {
-            reportField(row, layout_.columns[k], problem, texts_[index]);
+            reportField(row, chosen_.columns[k], problem, texts_[index]);
             if (options_.keep) {
                 out_.write(original);
                 return;
@@ -95,9 +95,9 @@ private:
 
     void reportField(const CsvRowBlock::Row& row, std::size_t column, FieldProblem problem, std::string_view text) {
         std::string name;
-        if (!layout_.names.empty()) {
+        if (!chosen_.names.empty()) {
             name = ' ';
-            name += quotedForMessage(layout_.names[column]);
+            name += quotedForMessage(chosen_.names[column]);
         }
         std::fprintf(err_, "kivodt: row %zu (line %zu), column %zu%s: %s: %s\n", row.number, row.line, column + 1,
                      name.c_str(), converter_.describe(problem).c_str(), quotedForMessage(text).c_str());
@@ -106,8 +106,9 @@ private:
 
     void reportCopied(const CsvRowBlock::Row& row) {
         if (row.treatment == RowTreatment::RAGGED) {
-            std::fprintf(err_, "kivodt: row %zu (line %zu): %zu field%s where the first row has %zu; copied unchanged\n",
-                         row.number, row.line, row.fieldCount, row.fieldCount == 1 ? "" : "s", layout_.fieldCount);
+            std::fprintf(err_,
+                         "kivodt: row %zu (line %zu): %zu field%s where the first row has %zu; copied unchanged\n",
+                         row.number, row.line, row.fieldCount, row.fieldCount == 1 ? "" : "s", chosen_.fieldCount);
         } else {
             std::fprintf(err_,
                          "kivodt: row %zu (line %zu): a quote is not closed before the end of the input; copied "
@@ -120,7 +121,7 @@ private:
     const FieldConverter& converter_;
     const CsvOptions& csv_;
     const RunOptions& options_;
-    const Layout& layout_;
+    const ChosenColumns& chosen_;
     BufferedOutput& out_;
     std::FILE* err_;
     ConvertedFields converted_;
@@ -129,22 +130,22 @@ private:
     int status_ = EXIT_OK;
 };
 
-RowTreatment treatmentOf(const CsvRecord& record, const Layout& layout) {
+RowTreatment treatmentOf(const CsvRecord& record, const ChosenColumns& chosen) {
     if (record.unclosedQuote) {
         return RowTreatment::UNCLOSED_QUOTE;
     }
-    return record.fields.size() == layout.fieldCount ? RowTreatment::CONVERT : RowTreatment::RAGGED;
+    return record.fields.size() == chosen.fieldCount ? RowTreatment::CONVERT : RowTreatment::RAGGED;
 }
 
 // Finds the chosen columns in the first record: the header, or the first row.
-bool findColumns(const CsvRecord& first, const CsvOptions& csv, Layout& layout, std::string& error) {
-    layout.fieldCount = first.fields.size();
+bool findColumns(const CsvRecord& first, const CsvOptions& csv, ChosenColumns& chosen, std::string& error) {
+    chosen.fieldCount = first.fields.size();
     if (csv.header) {
         for (const CsvFieldSpan field : first.fields) {
-            appendCsvFieldText(first.bytes.substr(field.begin, field.end - field.begin), layout.names.emplace_back());
+            appendCsvFieldText(first.bytes.substr(field.begin, field.end - field.begin), chosen.names.emplace_back());
         }
     }
-    return resolveColumns(csv.columns, layout.names, layout.fieldCount, layout.columns, error);
+    return resolveColumns(csv.columns, chosen.names, chosen.fieldCount, chosen.columns, error);
 }
 
 }  // namespace
@@ -157,7 +158,7 @@ int runCsv(const FieldConverter& converter, const CsvOptions& csv, const RunOpti
     if (next == CsvRecords::Next::END || next == CsvRecords::Next::READ_FAILED) {
         return endOfRun(out, records.readError(), EXIT_OK, streams.err);
     }
-    Layout layout;
+    ChosenColumns chosen;
     std::string error;
     if (next == CsvRecords::Next::PIECE || record.unclosedQuote) {
         error = next == CsvRecords::Next::PIECE ? "longer than " + std::to_string(csv.maxRecordLength) + " bytes"
@@ -165,16 +166,16 @@ int runCsv(const FieldConverter& converter, const CsvOptions& csv, const RunOpti
         std::fprintf(streams.err, "kivodt: row 1 (line 1): %s; no columns to convert\n", error.c_str());
         return EXIT_USAGE;
     }
-    if (!findColumns(record, csv, layout, error)) {
+    if (!findColumns(record, csv, chosen, error)) {
         std::fprintf(streams.err, "kivodt: %s\n", error.c_str());
         return EXIT_USAGE;
     }
-    CsvWriter writer(converter, csv, options, layout, out, streams.err);
+    CsvWriter writer(converter, csv, options, chosen, out, streams.err);
     CsvRowBlock block;
     if (csv.header) {
         out.write(record.bytes);
     } else {
-        block.add(record, RowTreatment::CONVERT, layout.columns);
+        block.add(record, RowTreatment::CONVERT, chosen.columns);
     }
     for (next = records.next(record); next == CsvRecords::Next::RECORD || next == CsvRecords::Next::PIECE;
          next = records.next(record)) {
@@ -185,7 +186,7 @@ int runCsv(const FieldConverter& converter, const CsvOptions& csv, const RunOpti
             }
             out.write(record.bytes);
         } else {
-            block.add(record, treatmentOf(record, layout), layout.columns);
+            block.add(record, treatmentOf(record, chosen), chosen.columns);
             if (block.full()) {
                 writer.write(block);
             }

@@ -108,8 +108,8 @@ private:
 
 // Converts a block's texts at once, then writes a line for each in order: its output, or for a text
 // that could not be used a message and the stand-in (with --keep, the text as it came).
-int writeBlock(LineBlock& block, const FieldConverter& converter, ConvertedFields& converted,
-               const RunOptions& options, const char* place, BufferedOutput& out, std::FILE* err) {
+int writeBlock(LineBlock& block, const FieldConverter& converter, ConvertedFields& converted, const RunOptions& options,
+               const char* place, BufferedOutput& out, std::FILE* err) {
     converter.convert(block.texts(), converted);
     int status = EXIT_OK;
     std::size_t next = 0;

@@ -28,9 +28,7 @@ constexpr const char* KIND_NAMES[] = {"a day serial", "a seconds serial", "a tim
 
 }  // namespace
 
-KindStep kindStep(ValueKind read, ValueKind shown) {
-    return STEPS[static_cast<int>(read)][static_cast<int>(shown)];
-}
+KindStep kindStep(ValueKind read, ValueKind shown) { return STEPS[static_cast<int>(read)][static_cast<int>(shown)]; }
 
 double applyKindStep(KindStep step, double value) {
     if (isMissingValue(value)) {

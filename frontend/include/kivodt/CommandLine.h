@@ -17,9 +17,9 @@ struct CommandLine;
 // An option of kivodt: its name and what it does, one of: set the host option its argument names, turn
 // on a switch of the command line, or give the command line a value of its own.
 struct CommandLineOption {
-    std::string_view name;                      // "--datestyle"
-    const kivo::OptionSetting* setting;         // the host option its argument sets
-    bool CommandLine::*turnsOn;                 // the switch it turns on
+    std::string_view name;                                // "--datestyle"
+    const kivo::OptionSetting* setting;                   // the host option its argument sets
+    bool CommandLine::*turnsOn;                           // the switch it turns on
     std::optional<std::string_view> CommandLine::*gives;  // the value its argument gives
 
     bool takesArgument() const noexcept { return setting != nullptr || gives != nullptr; }
@@ -46,8 +46,8 @@ struct CommandLine {
     bool noHeader = false;
     std::optional<std::string_view> csv;  // the columns
     std::optional<std::string_view> delimiter;
-    std::string_view command;  // "format", "informat", "convert" or "list"
-    std::string_view spec;     // convert: the informat
+    std::string_view command;     // "format", "informat", "convert" or "list"
+    std::string_view spec;        // convert: the informat
     std::string_view formatSpec;  // convert: the format
     std::span<const std::string_view> inputs;
     std::vector<Setting> settings;  // the options that set a host option, in the order given

@@ -20,15 +20,15 @@ public:
 private:
     friend class FieldConverter;
 
-    std::string bytes_;               // the outputs, end to end
-    std::vector<std::size_t> ends_;   // of each output in bytes_
+    std::string bytes_;              // the outputs, end to end
+    std::vector<std::size_t> ends_;  // of each output in bytes_
     std::vector<FieldProblem> problems_;
     std::vector<double> values_;
-    std::string column_;              // the texts an informat reads, end to end (decoded from hex pairs)
+    std::string column_;  // the texts an informat reads, end to end (decoded from hex pairs)
     std::vector<std::size_t> offsets_;
     std::vector<unsigned char> accepted_;
     std::string decoded_;
-    std::vector<char> fields_;        // the format's fields, end to end
+    std::vector<char> fields_;  // the format's fields, end to end
 };
 
 }  // namespace kivodt

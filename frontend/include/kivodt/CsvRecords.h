@@ -18,12 +18,12 @@ struct CsvFieldSpan {
 // A record of a CSV stream exactly as it came, so that every byte a run does not change can be written
 // back unchanged: its bytes with the terminator, and where each field lies in them.
 struct CsvRecord {
-    std::string_view bytes;         // the terminator ("\n", "\r\n", or none at the end of the input) included
+    std::string_view bytes;  // the terminator ("\n", "\r\n", or none at the end of the input) included
     std::size_t terminatorSize = 0;
     std::span<const CsvFieldSpan> fields;
-    std::size_t number = 0;         // the record's place in the stream, from 1
-    std::size_t line = 0;           // the line it starts on, from 1 (quoted newlines count)
-    bool unclosedQuote = false;     // the input ended inside a quoted field
+    std::size_t number = 0;      // the record's place in the stream, from 1
+    std::size_t line = 0;        // the line it starts on, from 1 (quoted newlines count)
+    bool unclosedQuote = false;  // the input ended inside a quoted field
 };
 
 // Reads the records of a CSV stream: fields split at the delimiter, a field that starts with a quote
@@ -72,9 +72,9 @@ private:
     std::size_t length_ = 0;      // of the record so far
     std::size_t fieldStart_ = 0;  // where the field being read begins
     std::size_t quotedNewlines_ = 0;
-    bool passing_ = false;        // handing on a record longer than the limit
+    bool passing_ = false;  // handing on a record longer than the limit
     std::size_t number_ = 0;
-    std::size_t line_ = 1;        // the line the current record starts on
+    std::size_t line_ = 1;  // the line the current record starts on
 };
 
 }  // namespace kivodt

@@ -35,7 +35,6 @@ public:
     // columns: the chosen columns' indexes, each below the record's field count when it is converted.
     void add(const CsvRecord& record, RowTreatment treatment, std::span<const std::size_t> columns);
     bool full() const noexcept { return rows_.size() == MAX_ROWS || bytes_.size() >= MAX_BYTES; }
-    bool empty() const noexcept { return rows_.empty(); }
     std::size_t rowCount() const noexcept { return rows_.size(); }
     Row row(std::size_t i) const;
     std::span<const Field> fields() const noexcept { return fields_; }
