@@ -29,8 +29,8 @@ struct CommandLineOption {
 std::span<const CommandLineOption> commandLineOptions();
 
 // kivodt [OPTIONS] COMMAND [OPTIONS] SPEC [VALUE...], or convert INFORMAT FORMAT [TEXT...]. Options may
-// stand before or after the command word, with the same meaning, but not after the specs: from there on
-// every argument is a value or text, even "-5" or one that begins with "--".
+// stand before or after the command word, with the same meaning, but not after SPEC (convert: FORMAT):
+// from there on every argument is a value or text, even "-5" or one that begins with "--".
 struct CommandLine {
     struct Setting {
         const CommandLineOption* option;
