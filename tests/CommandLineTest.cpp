@@ -37,8 +37,17 @@ std::string meaningOf(const Arguments& arguments) {
     if (!kivodt::applySettings(line, session, error)) {
         return "refused: " + error;
     }
-    std::string meaning =
-        std::string(line.hex ? "hex " : "") + std::string(line.command) + " " + std::string(line.spec) + " [";
+    std::string meaning;
+    const std::pair<bool, const char*> switches[] = {
+        {line.hex, "hex"},   {line.hexInput, "hex-in"},       {line.hexOutput, "hex-out"},
+        {line.keep, "keep"}, {line.keepBlanks, "keep-blanks"}, {line.noHeader, "no-header"},
+    };
+    for (const auto& [on, name] : switches) {
+        meaning += on ? std::string(name) + " " : "";
+    }
+    meaning += line.csv ? "csv=" + std::string(*line.csv) + " " : "";
+    meaning += line.delimiter ? "delimiter=" + std::string(*line.delimiter) + " " : "";
+    meaning += std::string(line.command) + " " + std::string(line.spec) + " " + std::string(line.formatSpec) + "[";
     for (std::string_view input : line.inputs) {
         meaning += std::string(input) + ";";
     }
@@ -49,10 +58,11 @@ std::string meaningOf(const Arguments& arguments) {
 
 TEST(KivodtCommandLine, EveryOptionMeansTheSameBeforeAndAfterTheCommand) {
     const std::map<std::string_view, std::string_view> samples = {
-        {"--datestyle", "dmy"}, {"--yearcutoff", "1920"}, {"--missing-char", "?"}, {"--today", "2021-03-17"}};
+        {"--datestyle", "dmy"}, {"--yearcutoff", "1920"}, {"--missing-char", "?"}, {"--today", "2021-03-17"},
+        {"--csv", "2"},         {"--delimiter", ";"}};
     for (const kivodt::CommandLineOption& option : kivodt::commandLineOptions()) {
         Arguments given = {option.name};
-        if (option.setting != nullptr) {
+        if (option.takesArgument()) {
             ASSERT_TRUE(samples.contains(option.name)) << option.name << " needs a sample argument here";
             given.push_back(samples.at(option.name));
         }
@@ -70,6 +80,8 @@ TEST(KivodtCommandLine, EverythingAfterTheSpecIsAValue) {
     EXPECT_EQ(meaningOf({"--datestyle", "ymd", "informat", "--datestyle", "dmy", "ANYDTDTE"}),
               "informat ANYDTDTE [] dmy/1940/./");
     EXPECT_EQ(meaningOf({"list", "--hex"}), "hex list  [] locale/1940/./");
+    EXPECT_EQ(meaningOf({"--csv", "", "convert", "--keep", "ANYDTDTE", "DATE9.", "--no-header", "x"}),
+              "keep csv= convert ANYDTDTE DATE9.[--no-header;x;] locale/1940/./");
 }
 
 TEST(KivodtCommandLine, BadCommandLinesAreNamed) {
@@ -79,6 +91,8 @@ TEST(KivodtCommandLine, BadCommandLinesAreNamed) {
         {{"formats", "DATE9."}, "error: unknown command \"formats\""},
         {{"format"}, "error: format needs a SPEC"},
         {{"format", "--hex"}, "error: format needs a SPEC"},
+        {{"convert", "ANYDTDTE"}, "error: convert needs an INFORMAT and a FORMAT"},
+        {{"format", "--csv"}, "error: --csv needs an argument"},
         {{"format", "--datestyle"}, "error: --datestyle needs an argument"},
         {{"format", "--date", "dmy", "DATE9."}, "error: unknown option \"--date\""},
         {{"format", "--datestyle", "xyz", "DATE9."},

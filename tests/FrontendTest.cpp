@@ -11,6 +11,7 @@
 #include "kivodt/Spec.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
+#include "RunCapture.h"
 
 namespace {
 
@@ -116,35 +117,8 @@ TEST(KivodtValues, MessagesShowTextsEscapedAndCut) {
     }
 }
 
-// Runs the runner with input and captures what it writes.
-struct Captured {
-    int status;
-    std::string out;
-    std::string err;
-};
-
-std::string readAll(std::FILE* file) {
-    std::rewind(file);
-    std::string text;
-    char buffer[4096];
-    for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
-        text.append(buffer, n);
-    }
-    std::fclose(file);
-    return text;
-}
-
-template <class Run>
-Captured capture(const std::string& input, Run run) {
-    std::FILE* in = std::tmpfile();
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    std::fwrite(input.data(), 1, input.size(), in);
-    std::rewind(in);
-    const int status = run(kivodt::Streams{in, out, err});
-    std::fclose(in);
-    return {status, readAll(out), readAll(err)};
-}
+using kivodt::test::Captured;
+using kivodt::test::capture;
 
 TEST(KivodtRunner, StreamsStandardInputAndReportsBadLines) {
     kivodt::ResolvedSpec<kivodt::FormatEntry> spec;

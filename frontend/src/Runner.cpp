@@ -1,10 +1,12 @@
 #include "kivodt/Runner.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
 
 #include "kivodt/BufferedOutput.h"
+#include "kivodt/ConvertedFields.h"
 #include "kivodt/InputLines.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
@@ -52,16 +54,99 @@ int runEach(std::span<const std::string_view> arguments, const RunOptions& optio
             break;
         }
     }
-    if (!out.flush()) {
-        return reportStreamFailure(streams.err, "write standard output", out.error());
+    return endOfRun(out, inputs.readError(), status, streams.err);
+}
+
+// Lines gathered to be converted as one array: each kept (or marked too long) with its number.
+class LineBlock {
+public:
+    static constexpr std::size_t MAX_LINES = 4096;
+    static constexpr std::size_t MAX_BYTES = 1 << 20;
+
+    struct Line {
+        std::size_t number;
+        bool tooLong;
+    };
+
+    void add(std::string_view text, std::size_t number) {
+        bytes_.append(text);
+        ends_.push_back(bytes_.size());
+        lines_.push_back({number, false});
     }
-    if (inputs.readError() != 0) {
-        return reportStreamFailure(streams.err, "read standard input", inputs.readError());
+    void addTooLong(std::size_t number) {
+        ends_.push_back(bytes_.size());
+        lines_.push_back({number, true});
     }
+    bool full() const { return lines_.size() == MAX_LINES || bytes_.size() >= MAX_BYTES; }
+    std::span<const Line> lines() const { return lines_; }
+    std::string_view text(std::size_t i) const {
+        const std::size_t begin = i == 0 ? 0 : ends_[i - 1];
+        return std::string_view(bytes_).substr(begin, ends_[i] - begin);
+    }
+    // The texts to convert: every line but those too long.
+    std::span<const std::string_view> texts() {
+        texts_.clear();
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            if (!lines_[i].tooLong) {
+                texts_.push_back(text(i));
+            }
+        }
+        return texts_;
+    }
+    void clear() {
+        bytes_.clear();
+        ends_.clear();
+        lines_.clear();
+    }
+
+private:
+    std::string bytes_;
+    std::vector<std::size_t> ends_;
+    std::vector<Line> lines_;
+    std::vector<std::string_view> texts_;
+};
+
+// Converts a block's texts at once, then writes a line for each in order: its output, or for a text
+// that could not be used a message and the stand-in (with --keep, the text as it came).
+int writeBlock(LineBlock& block, const FieldConverter& converter, ConvertedFields& converted, const RunOptions& options,
+               const char* place, BufferedOutput& out, std::FILE* err) {
+    converter.convert(block.texts(), converted);
+    int status = EXIT_OK;
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < block.lines().size(); ++i) {
+        const LineBlock::Line& line = block.lines()[i];
+        if (line.tooLong) {
+            std::fprintf(err, "kivodt: %s %zu: longer than %zu bytes\n", place, line.number, options.maxLineLength);
+            status = EXIT_BAD_INPUT;
+            continue;
+        }
+        const FieldProblem problem = converted.problem(next);
+        const std::string_view output = converted.output(next++);
+        if (problem == FieldProblem::NONE) {
+            out.line(output.data(), output.size());
+            continue;
+        }
+        std::fprintf(err, "kivodt: %s %zu: %s: %s\n", place, line.number, converter.describe(problem).c_str(),
+                     quotedForMessage(block.text(i)).c_str());
+        const std::string_view written = options.keep ? block.text(i) : output;
+        out.line(written.data(), written.size());
+        status = EXIT_BAD_INPUT;
+    }
+    block.clear();
     return status;
 }
 
 }  // namespace
+
+int endOfRun(BufferedOutput& out, int readError, int status, std::FILE* err) {
+    if (!out.flush()) {
+        return reportStreamFailure(err, "write standard output", out.error());
+    }
+    if (readError != 0) {
+        return reportStreamFailure(err, "read standard input", readError);
+    }
+    return status;
+}
 
 int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string_view> values,
               const RunOptions& options, const Streams& streams) {
@@ -119,6 +204,35 @@ int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::st
         out.line(printed, printValue(result, printed));
         return EXIT_OK;
     });
+}
+
+int runConvert(const FieldConverter& converter, std::span<const std::string_view> texts, const RunOptions& options,
+               const Streams& streams) {
+    BufferedOutput out(streams.out);
+    InputLines inputs(texts, streams.in, options.maxLineLength);
+    const char* place = inputs.fromArguments() ? "argument" : "line";
+    LineBlock block;
+    ConvertedFields converted;
+    int status = EXIT_OK;
+    std::string_view text;
+    for (auto next = inputs.next(text); next == InputLines::Next::LINE || next == InputLines::Next::TOO_LONG;
+         next = inputs.next(text)) {
+        if (next == InputLines::Next::TOO_LONG) {
+            block.addTooLong(inputs.number());
+        } else {
+            block.add(text, inputs.number());
+        }
+        if (block.full()) {
+            status = std::max(status, writeBlock(block, converter, converted, options, place, out, streams.err));
+        }
+        if (out.failed()) {
+            break;
+        }
+    }
+    if (!out.failed()) {
+        status = std::max(status, writeBlock(block, converter, converted, options, place, out, streams.err));
+    }
+    return endOfRun(out, inputs.readError(), status, streams.err);
 }
 
 void printCatalog(std::FILE* out) {

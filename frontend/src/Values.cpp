@@ -17,10 +17,6 @@ std::string_view trimmed(std::string_view text) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-bool isMissing(double value) {
-    return (std::bit_cast<std::uint64_t>(value) & kivo::lum_numeric::MISSING_MASK) == kivo::lum_numeric::MISSING_MASK;
-}
-
 int hexDigit(char c) {
     if (c >= '0' && c <= '9') return c - '0';
     if (c >= 'a' && c <= 'f') return c - 'a' + 10;
@@ -29,6 +25,10 @@ int hexDigit(char c) {
 }
 
 }  // namespace
+
+bool isMissingValue(double value) {
+    return (std::bit_cast<std::uint64_t>(value) & kivo::lum_numeric::MISSING_MASK) == kivo::lum_numeric::MISSING_MASK;
+}
 
 bool parseValue(std::string_view text, double& value) {
     const std::string_view body = trimmed(text);
@@ -50,7 +50,7 @@ bool parseValue(std::string_view text, double& value) {
 }
 
 std::size_t printValue(double value, char* out) {
-    if (isMissing(value)) {
+    if (isMissingValue(value)) {
         const char c = kivo::lum_numeric::missingChar(value);
         out[0] = '.';
         if (c == '.') {

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "kivodt/CommandLine.h"
+#include "kivodt/CsvRunner.h"
+#include "kivodt/FieldConverter.h"
 #include "kivodt/Runner.h"
 #include "kivodt/Spec.h"
 #include "kivox/Services.h"
@@ -18,6 +20,10 @@ constexpr const char* USAGE = R"(usage:
       one line per value: exactly the field's bytes
   kivodt [OPTIONS] informat [OPTIONS] SPEC [TEXT...]
       one line per text: the value read, or "invalid"
+  kivodt [OPTIONS] convert [OPTIONS] INFORMAT FORMAT [TEXT...]
+      one line per text: read with INFORMAT, written with FORMAT
+  kivodt [OPTIONS] --csv COLUMNS format|informat|convert [OPTIONS] SPEC...
+      a CSV from standard input, written back with those columns' fields converted
   kivodt list
       every format and informat with its widths and decimals
   kivodt --help
@@ -28,7 +34,8 @@ SPEC is a name with an optional width, point and decimals, in any case: DATE9. d
 A VALUE is a decimal number (22356, -0.5, 1e9) or a missing value: . ._ .A ... .Z
 With no VALUE or TEXT arguments, they are read from standard input, one per line.
 An informat's field is the first `width` bytes of the text, or the whole text when it is shorter or
-when SPEC gives no width.
+when SPEC gives no width. convert gives a date format the day of a datetime and a datetime format the
+midnight of a day; a text INFORMAT rejects is named and gives a blank field.
 
 Options (before or after the command, not after SPEC: there "-5" or "--hex" is a value):
   --hex               write fields / read texts as hex byte pairs (for packed and machine layouts)
@@ -36,6 +43,16 @@ Options (before or after the command, not after SPEC: there "-5" or "--hex" is a
   --yearcutoff YEAR   first year of the window that two-digit years fall into (default 1940)
   --missing-char C    the character printed for an ordinary missing value (default .)
   --today YYYY-MM-DD  the day taken as today (NENGO's last era ends there; default: the machine's clock)
+  --hex-in, --hex-out read texts / write fields as hex pairs, on one side of convert only
+  --keep              convert and --csv: a text that cannot be used is written as it came
+
+CSV (RFC 4180 quoting; every byte but the converted fields' is written back as it came):
+  --csv COLUMNS       the columns to convert: numbers from 1 or header names, e.g. 2,shipped
+  --no-header         the first row is data, not names
+  --delimiter C       the field delimiter (default ,), e.g. ";" or tab
+  --keep-blanks       keep the leading blanks of the fields written (by default they are dropped)
+A row with another number of fields than the first is named and copied unchanged; an empty field
+stays empty.
 
 Environment: KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_MISSING_CHAR and KIVO_TODAY give those options their first
 values, KIVO_LOCALE_DATESTYLE the locale's date style (default mdy); a bad value is an error.
@@ -64,10 +81,45 @@ int closeStandardOutput(int status, bool failureNamed) {
     return kivodt::EXIT_STREAM_FAILED;
 }
 
+// The converter for a --csv run of any command, or for convert.
+bool makeConverter(const kivodt::CommandLine& line, kivodt::FieldConverter& converter, std::string& error) {
+    kivodt::ResolvedSpec<kivodt::InformatEntry> informat;
+    kivodt::ResolvedSpec<kivodt::FormatEntry> format;
+    const bool hexInput = line.hex || line.hexInput;
+    const bool hexOutput = line.hex || line.hexOutput;
+    if (line.command == "format") {
+        return kivodt::resolveFormat(line.spec, format, error) &&
+               kivodt::FieldConverter::formatting(format, hexOutput, converter, error);
+    }
+    if (!kivodt::resolveInformat(line.spec, informat, error)) {
+        return false;
+    }
+    if (line.command == "informat") {
+        converter = kivodt::FieldConverter::reading(informat, hexInput);
+        return true;
+    }
+    return kivodt::resolveFormat(line.formatSpec, format, error) &&
+           kivodt::FieldConverter::converting(informat, format, hexInput, hexOutput, converter, error);
+}
+
 int run(const kivodt::CommandLine& line) {
     const kivodt::Streams streams{stdin, stdout, stderr};
-    const kivodt::RunOptions options{.hex = line.hex};
+    const bool hexSide = line.command == "format" ? line.hexOutput : line.hexInput;
+    const kivodt::RunOptions options{.hex = line.hex || hexSide, .keep = line.keep};
+    kivodt::CsvOptions csv;
+    std::vector<kivodt::ColumnChoice> columns;
     std::string error;
+    if (!kivodt::csvOptionsOf(line, csv, columns, error)) {
+        return usageError(error);
+    }
+    if (line.csv || line.command == "convert") {
+        kivodt::FieldConverter converter;
+        if (!makeConverter(line, converter, error)) {
+            return usageError(error);
+        }
+        return line.csv ? kivodt::runCsv(converter, csv, options, streams)
+                        : kivodt::runConvert(converter, line.inputs, options, streams);
+    }
     if (line.command == "format") {
         kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
         if (!kivodt::resolveFormat(line.spec, spec, error)) {

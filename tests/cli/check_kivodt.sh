@@ -84,6 +84,60 @@ expect "after SPEC, -5 is a value" 0 "27DEC1959" -- "$KIVODT" format DATE9. -5
 expect "after SPEC, --hex is a value" 1 "" -- "$KIVODT" format DATE9. --hex
 expect "help after the command" 0 "usage:" -- sh -c "'$KIVODT' format --help | head -1"
 
+expect "convert arguments" 0 "17MAR2021
+17MAR2021" -- "$KIVODT" convert ANYDTDTE DATE9. 2021-03-17 03/17/2021
+expect "convert standard input, a datetime to its day" 0 "17MAR2021
+15JAN2000" -- sh -c "printf '2021-03-17T23:59:59\n2000-01-15 10:30\n' | '$KIVODT' convert ANYDTDTM DATE9."
+expect "convert a day to its midnight" 0 "  17MAR21:00:00:00" -- "$KIVODT" convert ANYDTDTE DATETIME18. 17MAR2021
+fails "convert a time to a date" 2 "kivodt: ANYDTTME reads a time, which DATE cannot show (it shows a day serial)
+(kivodt --help explains the usage)" -- "$KIVODT" convert ANYDTTME DATE9. 1:30
+fails "convert needs two specs" 2 "kivodt: convert needs an INFORMAT and a FORMAT
+(kivodt --help explains the usage)" -- "$KIVODT" convert ANYDTDTE
+expect "convert --hex-out" 0 "3137" -- "$KIVODT" convert --hex-out ANYDTDTE DAY2. 2021-03-17
+expect "convert a packed format" 0 "2021076F" -- "$KIVODT" convert --hex-out ANYDTDTE PDJULG4. 2021-03-17
+fails "convert a packed format as text" 2 "kivodt: PDJULG writes bytes, not text: run it with --hex or --hex-out
+(kivodt --help explains the usage)" -- "$KIVODT" convert ANYDTDTE PDJULG4. 2021-03-17
+expect "convert a rejected text: a blank field" 1 "17-MAR-2021
+           " -- "$KIVODT" convert DATE9. DATE11. 17MAR2021 17XYZ2021
+fails "convert a rejected text named" 1 'kivodt: argument 2: not read by DATE: "17XYZ2021"' -- \
+    "$KIVODT" convert DATE9. DATE11. 17MAR2021 17XYZ2021
+expect "convert --keep" 1 "17-MAR-2021
+17XYZ2021" -- "$KIVODT" convert --keep DATE9. DATE11. 17MAR2021 17XYZ2021
+
+csv() {  # csv NAME STATUS INPUT EXPECTED_OUTPUT -- kivodt arguments...: exact bytes, escapes as printf %b
+    name=$1 status=$2 input=$3 expected=$4
+    shift 5
+    printf '%b' "$input" | "$KIVODT" "$@" >csv.out 2>/dev/null
+    got=$?
+    if [ "$got" -ne "$status" ] || ! printf '%b' "$expected" | cmp -s - csv.out; then
+        printf 'FAIL %s: status %s (want %s)\n--- got\n' "$name" "$got" "$status"
+        od -c csv.out
+        failures=$((failures + 1))
+    fi
+    rm -f csv.out
+}
+csv "csv by header name, CRLF and quotes kept" 0 \
+    'id,when,note\r\n1,2021-03-17,"a, ""b""\r\nc"\r\n2,"03/17/2021",x\r\n' \
+    'id,when,note\r\n1,17MAR2021,"a, ""b""\r\nc"\r\n2,17MAR2021,x\r\n' -- convert --csv when ANYDTDTE DATE9.
+csv "csv by number, no header, semicolons" 0 '1;22356;x\n2;;y\n' '1;17MAR2021;x\n2;;y\n' -- \
+    --csv 2 --no-header --delimiter ';' format DATE9.
+csv "csv tab delimiter, blanks kept" 0 'a\tb\n.\t0\n' 'a\tb\n        .\t01JAN1960\n' -- \
+    --csv 1,2 --delimiter tab --keep-blanks format DATE9.
+csv "csv output field holding a comma" 0 'id,day\n1,22356\n' 'id,day\n1,"March 17, 2021"\n' -- \
+    --csv day format WORDDATE18.
+csv "csv output field holding the delimiter" 0 't:at\n1:45296\n' 't:at\n1:"12:34:56"\n' -- \
+    --csv at --delimiter : format TIME8.
+csv "csv informat" 0 'd\n15JAN2000\n' 'd\n14624\n' -- --csv d informat ANYDTDTE
+csv "csv bad value kept" 1 'a,b\n1,"x"\n' 'a,b\n1,"x"\n' -- --csv b --keep format DATE9.
+fails "csv unknown column named" 2 'kivodt: no column "date" in the header; the columns are 1 "id", 2 "when"' -- \
+    sh -c "printf 'id,when\n' | '$KIVODT' --csv date convert ANYDTDTE DATE9."
+fails "csv ragged row named" 1 "kivodt: row 3 (line 4): 1 field where the first row has 2; copied unchanged" -- \
+    sh -c "printf 'a,b\n\"1\n\",2\nx\n' | '$KIVODT' --csv b convert ANYDTDTE DATE9."
+fails "csv option without --csv" 2 "kivodt: --no-header, --delimiter and --keep-blanks go with --csv
+(kivodt --help explains the usage)" -- "$KIVODT" format --no-header DATE9. 0
+fails "csv with values" 2 "kivodt: --csv reads standard input, so it takes no VALUE or TEXT arguments
+(kivodt --help explains the usage)" -- "$KIVODT" format --csv 1 DATE9. 0
+
 full="kivodt: cannot write standard output: No space left on device"
 fails "format to a full device" 1 "$full" -- sh -c "'$KIVODT' format DATE9. 0 >/dev/full"
 fails "list to a full device" 1 "$full" -- sh -c "'$KIVODT' list >/dev/full"

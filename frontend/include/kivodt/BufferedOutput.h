@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <string_view>
 
 namespace kivodt {
 
@@ -15,14 +16,15 @@ public:
     BufferedOutput& operator=(const BufferedOutput&) = delete;
     ~BufferedOutput() { flush(); }
 
-    void line(const char* bytes, std::size_t size);
+    void line(const char* bytes, std::size_t size);  // the bytes and a newline
+    void write(const char* bytes, std::size_t size);
+    void write(std::string_view bytes) { write(bytes.data(), bytes.size()); }
     // Writes what is held and flushes the stream; false once any write or flush has failed.
     bool flush();
     bool failed() const noexcept { return error_ != 0; }
     int error() const noexcept { return error_; }  // the errno of the first failure
 
 private:
-    void write(const char* bytes, std::size_t size);
     void writeHeld();
     void writeThrough(const char* bytes, std::size_t size);
     void keepError();

@@ -1,27 +1,36 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "kivodt/CsvRunner.h"
 #include "kivox/OptionSettings.h"
 #include "kivox/Services.h"
 
 namespace kivodt {
 
-// An option of kivodt: its name and the host option its argument sets.
+struct CommandLine;
+
+// An option of kivodt: its name and what it does, one of: set the host option its argument names, turn
+// on a switch of the command line, or give the command line a value of its own.
 struct CommandLineOption {
-    std::string_view name;               // "--datestyle"
-    const kivo::OptionSetting* setting;  // nullptr for --help and --hex, which take no argument
+    std::string_view name;                                // "--datestyle"
+    const kivo::OptionSetting* setting;                   // the host option its argument sets
+    bool CommandLine::*turnsOn;                           // the switch it turns on
+    std::optional<std::string_view> CommandLine::*gives;  // the value its argument gives
+
+    bool takesArgument() const noexcept { return setting != nullptr || gives != nullptr; }
 };
 
 // Every option, in the order the usage text lists them.
 std::span<const CommandLineOption> commandLineOptions();
 
-// kivodt [OPTIONS] COMMAND [OPTIONS] SPEC [VALUE...]. Options may stand before or after the command
-// word, with the same meaning, but not after SPEC: from there on every argument is a value or text,
-// even "-5" or one that begins with "--".
+// kivodt [OPTIONS] COMMAND [OPTIONS] SPEC [VALUE...], or convert INFORMAT FORMAT [TEXT...]. Options may
+// stand before or after the command word, with the same meaning, but not after SPEC (convert: FORMAT):
+// from there on every argument is a value or text, even "-5" or one that begins with "--".
 struct CommandLine {
     struct Setting {
         const CommandLineOption* option;
@@ -29,11 +38,19 @@ struct CommandLine {
     };
 
     bool help = false;
-    bool hex = false;
-    std::string_view command;  // "format", "informat" or "list"
-    std::string_view spec;
+    bool hex = false;        // both sides
+    bool hexInput = false;   // the informat's texts only
+    bool hexOutput = false;  // the format's fields only
+    bool keep = false;
+    bool keepBlanks = false;
+    bool noHeader = false;
+    std::optional<std::string_view> csv;  // the columns
+    std::optional<std::string_view> delimiter;
+    std::string_view command;     // "format", "informat", "convert" or "list"
+    std::string_view spec;        // convert: the informat
+    std::string_view formatSpec;  // convert: the format
     std::span<const std::string_view> inputs;
-    std::vector<Setting> settings;  // the options with an argument, in the order given
+    std::vector<Setting> settings;  // the options that set a host option, in the order given
 };
 
 // False, with a one-line reason in error, for an unknown command or option, or a missing argument or
@@ -43,6 +60,11 @@ bool parseCommandLine(std::span<const std::string_view> arguments, CommandLine& 
 // Sets the options on locator in the order given; false, with the option's name, what it takes and the
 // text refused, at the first one its option cannot take.
 bool applySettings(const CommandLine& line, kivo::ServiceLocator& locator, std::string& error);
+
+// The CSV options of the command line, with --csv's columns in choices (csv.columns points to them).
+// False, with a one-line reason, for a bad column list or delimiter, a CSV option without --csv, or
+// --keep with neither convert nor --csv.
+bool csvOptionsOf(const CommandLine& line, CsvOptions& csv, std::vector<ColumnChoice>& choices, std::string& error);
 
 // False, with the variable's name, what it takes and its value, when an environment variable was
 // refused (the first of them).

@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "kivodt/BufferedOutput.h"
+#include "kivodt/FieldConverter.h"
 #include "kivodt/Spec.h"
 
 namespace kivodt {
@@ -27,6 +29,7 @@ struct Streams {
 
 struct RunOptions {
     bool hex = false;                             // fields written / texts read as hex byte pairs
+    bool keep = false;                            // convert: a text that cannot be used is written as it came
     std::size_t maxLineLength = MAX_LINE_LENGTH;  // a longer line or argument is named and skipped
 };
 
@@ -42,6 +45,15 @@ int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string
 // One line per text: the value read, or "invalid". Texts are hex pairs with options.hex.
 int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts,
                 const RunOptions& options, const Streams& streams);
+
+// One line per text: the converter's output, exactly the format's bytes. A text the informat rejects is
+// named and gives a blank field of the format's width, or itself with options.keep (status 1).
+int runConvert(const FieldConverter& converter, std::span<const std::string_view> texts, const RunOptions& options,
+               const Streams& streams);
+
+// The end of a streaming run: flushes out, and names a failed write or read on err (status 1); else
+// returns status.
+int endOfRun(BufferedOutput& out, int readError, int status, std::FILE* err);
 
 // Every format and informat with its widths, default width and decimals.
 void printCatalog(std::FILE* out);

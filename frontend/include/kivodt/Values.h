@@ -10,6 +10,9 @@ namespace kivodt {
 // Blanks around it are ignored. False for anything else.
 bool parseValue(std::string_view text, double& value);
 
+// True for a missing value (".", "._", ".A" ... ".Z" and the host's other missing doubles).
+bool isMissingValue(double value);
+
 // A value read by an informat, as kivodt prints it: the missing notation for a missing value, else the
 // shortest decimal that reads back to the same double. Returns the length written (at most 32).
 std::size_t printValue(double value, char* out);

@@ -1,0 +1,230 @@
+// kivodt convert and --csv: kinds of value between informat and format, texts that cannot be used,
+// and CSVs written back with every byte but the converted fields' unchanged.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "RunCapture.h"
+#include "kivodt/ConvertedFields.h"
+#include "kivodt/CsvRunner.h"
+#include "kivodt/FieldConverter.h"
+#include "kivodt/Runner.h"
+#include "kivodt/Values.h"
+#include "kivox/Missing.h"
+
+namespace {
+
+using kivodt::test::capture;
+using kivodt::test::Captured;
+
+kivodt::ResolvedSpec<kivodt::FormatEntry> format(const char* text) {
+    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
+    std::string error;
+    EXPECT_TRUE(kivodt::resolveFormat(text, spec, error)) << error;
+    return spec;
+}
+
+kivodt::ResolvedSpec<kivodt::InformatEntry> informat(const char* text) {
+    kivodt::ResolvedSpec<kivodt::InformatEntry> spec;
+    std::string error;
+    EXPECT_TRUE(kivodt::resolveInformat(text, spec, error)) << error;
+    return spec;
+}
+
+// An informat that reads a day serial written as digits and rejects anything else.
+int digitsInformat(const char* text, int width, int, int, double* result) {
+    double value = 0;
+    for (int i = 0; i < width; ++i) {
+        if (text[i] < '0' || text[i] > '9') {
+            return 0;
+        }
+        value = value * 10 + (text[i] - '0');
+    }
+    *result = value;
+    return width > 0;
+}
+const kivodt::InformatEntry DIGITS{
+    "DIGITS", "", digitsInformat, {1, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::DAY};
+
+// A format whose field holds the delimiter and quotes: a CSV must quote what it writes.
+int quotingFormat(char* field, int width, int, double) {
+    const std::string text = std::string(static_cast<std::size_t>(width) - 5, ' ') + "\"a\",b";
+    text.copy(field, text.size());
+    return 0;
+}
+const kivodt::FormatEntry QUOTING{
+    "QUOTING", "", quotingFormat, {6, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::NUMBER};
+
+kivodt::FieldConverter formatting(const kivodt::ResolvedSpec<kivodt::FormatEntry>& spec, bool hexOutput = false) {
+    kivodt::FieldConverter converter;
+    std::string error;
+    EXPECT_TRUE(kivodt::FieldConverter::formatting(spec, hexOutput, converter, error)) << error;
+    return converter;
+}
+
+kivodt::FieldConverter converting(const char* informatText, const char* formatText) {
+    kivodt::FieldConverter converter;
+    std::string error;
+    EXPECT_TRUE(
+        kivodt::FieldConverter::converting(informat(informatText), format(formatText), false, false, converter, error))
+        << error;
+    return converter;
+}
+
+TEST(KivodtConvert, HandsAValueToAFormatOfAnotherKindOrRefuses) {
+    struct Case {
+        const char* informat;
+        const char* format;
+        const char* text;
+        const char* field;  // or the refusal
+    };
+    const Case cases[] = {
+        {"ANYDTDTE", "DATE9.", "2021-03-17", "17MAR2021"},
+        {"ANYDTDTM", "DATE9.", "2021-03-17T23:59:59", "17MAR2021"},  // the day a datetime falls on
+        {"ANYDTDTM", "DATE9.", "1959-12-31T12:00:00", "31DEC1959"},  // before day 0: still its own day
+        {"ANYDTDTE", "DATETIME20.", "2021-03-17", "  17MAR2021:00:00:00"},
+        {"ANYDTDTE", "BEST8.", "2021-03-17", "   22356"},
+        {"ANYDTDTM", "DATETIME20.", "nonsense", "                   ."},  // a missing value stays missing
+        {"ANYDTDTM", "DATE9.", "nonsense", "        ."},
+        {"ANYDTTME", "TIME8.", "1:30 PM", "13:30:00"},
+        {"ANYDTTME", "DATE9.", "", "ANYDTTME reads a time, which DATE cannot show (it shows a day serial)"},
+        {"ANYDTDTE", "TIME8.", "", "ANYDTDTE reads a day serial, which TIME cannot show (it shows a time)"},
+        {"ANYDTDTM", "HHMM.", "", "ANYDTDTM reads a seconds serial, which HHMM cannot show (it shows a time)"},
+    };
+    for (const Case& c : cases) {
+        kivodt::FieldConverter converter;
+        std::string error;
+        if (!kivodt::FieldConverter::converting(informat(c.informat), format(c.format), false, false, converter,
+                                                error)) {
+            EXPECT_EQ(error, c.field);
+            continue;
+        }
+        kivodt::ConvertedFields converted;
+        const std::string_view texts[] = {c.text};
+        converter.convert(texts, converted);
+        EXPECT_EQ(converted.problem(0), kivodt::FieldProblem::NONE);
+        EXPECT_EQ(converted.output(0), c.field) << c.informat << " " << c.format << " " << c.text;
+    }
+}
+
+TEST(KivodtConvert, ALineThatCannotBeReadIsNamedAndGivesABlankFieldOrItself) {
+    const kivodt::ResolvedSpec<kivodt::InformatEntry> digits{&DIGITS, 8, 0, false};
+    kivodt::FieldConverter converter;
+    std::string error;
+    ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE9."), false, false, converter, error));
+    const std::string input = "22356\nx1\n0\n";
+    const Captured blank =
+        capture(input, [&](const kivodt::Streams& streams) { return kivodt::runConvert(converter, {}, {}, streams); });
+    EXPECT_EQ(blank.status, kivodt::EXIT_BAD_INPUT);
+    EXPECT_EQ(blank.out, "17MAR2021\n         \n01JAN1960\n");
+    EXPECT_EQ(blank.err, "kivodt: line 2: not read by DIGITS: \"x1\"\n");
+    const Captured kept = capture(input, [&](const kivodt::Streams& streams) {
+        return kivodt::runConvert(converter, {}, {.keep = true}, streams);
+    });
+    EXPECT_EQ(kept.out, "17MAR2021\nx1\n01JAN1960\n");
+
+    ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE5."), true, true, converter, error));
+    const std::string_view hexTexts[] = {"3232333536", "zz"};
+    const Captured hex = capture(
+        "", [&](const kivodt::Streams& streams) { return kivodt::runConvert(converter, hexTexts, {}, streams); });
+    EXPECT_EQ(hex.out, "31374D4152\n2020202020\n");  // "17MAR", and the blank field
+    EXPECT_EQ(hex.err, "kivodt: argument 2: not hex pairs: \"zz\"\n");
+}
+
+struct CsvCase {
+    const char* input;
+    const char* columns;
+    const char* output;
+    int status;
+    const char* message;  // part of what standard error says
+};
+
+// Runs converter over each case's CSV with the options csv (its columns taken from the case).
+void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, std::span<const CsvCase> cases,
+              const kivodt::RunOptions& options = {}) {
+    for (const CsvCase& c : cases) {
+        std::vector<kivodt::ColumnChoice> choices;
+        std::string error;
+        ASSERT_TRUE(kivodt::parseColumnChoices(c.columns, csv.header, choices, error)) << error;
+        csv.columns = choices;
+        const Captured run = capture(
+            c.input, [&](const kivodt::Streams& streams) { return kivodt::runCsv(converter, csv, options, streams); });
+        EXPECT_EQ(run.out, c.output) << c.input;
+        EXPECT_EQ(run.status, c.status) << c.input;
+        EXPECT_NE(run.err.find(c.message), std::string::npos) << c.input << "\n" << run.err;
+        EXPECT_EQ(run.err.empty(), c.status == kivodt::EXIT_OK) << c.input << "\n" << run.err;
+    }
+}
+
+TEST(KivodtCsv, ConvertsTheChosenColumnsAndKeepsEveryOtherByte) {
+    const CsvCase cases[] = {
+        {"id,when,note\r\n1,2021-03-17,\"a, \"\"quoted\"\"\r\nnote\"\r\n2,\"03/17/2021\",x\r\n", "when",
+         "id,when,note\r\n1,17MAR2021,\"a, \"\"quoted\"\"\r\nnote\"\r\n2,17MAR2021,x\r\n", 0, ""},
+        {"when,when2\n20210317,2021-03-17", "1,when2", "when,when2\n17MAR2021,17MAR2021", 0, ""},
+        {"a,b\n1,\n2,\"\"\n3,   \n", "b", "a,b\n1,\n2,\"\"\n3,   \n", 0, ""},  // empty fields stay as they are
+        {"a,b\n1,nonsense\n", "b", "a,b\n1,.\n", 0, ""},  // the informat's missing value, without its blanks
+        {"a,b,c\n1,2021-03-17,x\n2,2021-03-17\n3,2021-03-17,x,y\n", "b",
+         "a,b,c\n1,17MAR2021,x\n2,2021-03-17\n3,2021-03-17,x,y\n", 1,
+         "kivodt: row 3 (line 3): 2 fields where the first row has 3; copied unchanged\n"
+         "kivodt: row 4 (line 4): 4 fields where the first row has 3; copied unchanged\n"},
+        {"a,b\n1,\"2021-03-17\n", "b", "a,b\n1,\"2021-03-17\n", 1, "row 2 (line 2): a quote is not closed"},
+        {"a,b\n1,2\n", "date", "", 2, "kivodt: no column \"date\" in the header; the columns are 1 \"a\", 2 \"b\"\n"},
+        {"a,b\n", "3", "", 2, "no column 3"},
+        {"", "a", "", 0, ""},
+    };
+    checkCsv(converting("ANYDTDTE", "DATE9."), {}, cases);
+}
+
+// Delimiters, --no-header and --keep-blanks are checked end to end by the CLI script.
+TEST(KivodtCsv, AFieldWrittenIsQuotedWhenItHoldsTheDelimiterOrAQuote) {
+    const CsvCase written[] = {
+        {"a,b\n1,5\n", "b", "a,b\n1,\"\"\"a\"\",b\"\n", 0, ""},
+    };
+    const kivodt::ResolvedSpec<kivodt::FormatEntry> quoting{&QUOTING, 8, 0, true};
+    checkCsv(formatting(quoting), {}, written);
+}
+
+TEST(KivodtCsv, AFieldThatCannotBeUsedIsNamedAndLeftEmptyOrAsItCame) {
+    const kivodt::ResolvedSpec<kivodt::InformatEntry> digits{&DIGITS, 8, 0, false};
+    kivodt::FieldConverter converter;
+    std::string error;
+    ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE9."), false, false, converter, error));
+    const char* input = "n,day\n1,22356\n2,\"x,1\"\n";
+    const CsvCase emptied[] = {
+        {input, "day", "n,day\n1,17MAR2021\n2,\n", 1,
+         "kivodt: row 3 (line 3), column 2 \"day\": not read by DIGITS: \"x,1\"\n"},
+    };
+    checkCsv(converter, {}, emptied);
+    const CsvCase kept[] = {{input, "day", "n,day\n1,17MAR2021\n2,\"x,1\"\n", 1, "column 2 \"day\""}};
+    checkCsv(converter, {}, kept, {.keep = true});
+    const CsvCase values[] = {{"1,x\n", "2", "1,\n", 1, "row 1 (line 1), column 2: not a number or missing value"}};
+    checkCsv(formatting(format("DATE9.")), {.header = false}, values);
+    const CsvCase read[] = {{"a\n15JAN2000\n", "a", "a\n14624\n", 0, ""}};
+    checkCsv(kivodt::FieldConverter::reading(informat("ANYDTDTE"), false), {}, read);
+}
+
+TEST(KivodtCsv, ARecordOverTheLimitIsCopiedThroughWhateverComesAround) {
+    const CsvCase cases[] = {
+        {"a,b\n1,0\n2,\"0123456789\n0123456789\"\n3,1\n", "2",
+         "a,b\n1,01JAN1960\n2,\"0123456789\n0123456789\"\n3,02JAN1960\n", 1,
+         "kivodt: row 3 (line 3): longer than 16 bytes; copied unchanged\n"},
+    };
+    checkCsv(formatting(format("DATE9.")), {.maxRecordLength = 16}, cases);
+}
+
+TEST(KivodtCsv, RowsAcrossManyBlocksComeOutInOrder) {
+    std::string input = "n,day,\"quoted, note\"\r\n", output = input, expected;
+    for (int row = 0; row < 20000; ++row) {
+        const std::string day = row % 7 == 0 ? "" : std::to_string(row % 1000);
+        input += std::to_string(row) + "," + day + ",\"x\r\ny\"\r\n";
+        char field[9];
+        kivodt::ResolvedSpec<kivodt::FormatEntry> date = format("DATE9.");
+        date.entry->function(field, 9, 0, row % 1000);
+        output += std::to_string(row) + "," + (day.empty() ? "" : std::string(field, 9)) + ",\"x\r\ny\"\r\n";
+    }
+    const CsvCase cases[] = {{input.c_str(), "day", output.c_str(), 0, ""}};
+    checkCsv(formatting(format("DATE9.")), {}, cases);
+}
+
+}  // namespace
