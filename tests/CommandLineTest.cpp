@@ -47,6 +47,7 @@ std::string meaningOf(const Arguments& arguments) {
     }
     meaning += line.csv ? "csv=" + std::string(*line.csv) + " " : "";
     meaning += line.delimiter ? "delimiter=" + std::string(*line.delimiter) + " " : "";
+    meaning += line.threads ? "threads=" + std::string(*line.threads) + " " : "";
     meaning += std::string(line.command) + " " + std::string(line.spec) + " " + std::string(line.formatSpec) + "[";
     for (std::string_view input : line.inputs) {
         meaning += std::string(input) + ";";
@@ -59,7 +60,7 @@ std::string meaningOf(const Arguments& arguments) {
 TEST(KivodtCommandLine, EveryOptionMeansTheSameBeforeAndAfterTheCommand) {
     const std::map<std::string_view, std::string_view> samples = {
         {"--datestyle", "dmy"}, {"--yearcutoff", "1920"}, {"--missing-char", "?"}, {"--today", "2021-03-17"},
-        {"--csv", "2"},         {"--delimiter", ";"}};
+        {"--csv", "2"},         {"--delimiter", ";"},         {"--threads", "2"}};
     for (const kivodt::CommandLineOption& option : kivodt::commandLineOptions()) {
         Arguments given = {option.name};
         if (option.takesArgument()) {

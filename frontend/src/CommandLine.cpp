@@ -30,6 +30,7 @@ const CommandLineOption OPTIONS[] = {
     turnsOn("--no-header", &CommandLine::noHeader),
     gives("--delimiter", &CommandLine::delimiter),
     turnsOn("--keep-blanks", &CommandLine::keepBlanks),
+    gives("--threads", &CommandLine::threads),
 };
 
 const CommandLineOption* findOption(std::string_view name) {

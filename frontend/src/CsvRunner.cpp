@@ -42,7 +42,7 @@ public:
 
     void write(CsvRowBlock& block) {
         texts_ = block.texts();
-        converter_.convert(texts_, converted_);
+        converter_.convert(texts_, converted_, options_.threads);
         for (std::size_t i = 0; i < block.rowCount(); ++i) {
             const CsvRowBlock::Row row = block.row(i);
             if (row.treatment == RowTreatment::CONVERT) {

@@ -1,6 +1,7 @@
 #include "kivodt/Runner.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "kivodt/BufferedOutput.h"
 #include "kivodt/ConvertedFields.h"
 #include "kivodt/InputLines.h"
+#include "kivodt/LineBlocks.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
 
@@ -18,36 +20,166 @@ namespace {
 // Room for the widest field the catalog allows, with a guard either side that no format may touch.
 constexpr std::size_t FIELD_ROOM = 1024;
 
-void reportLine(std::FILE* err, const InputLines& inputs, const char* what, std::string_view text) {
-    std::fprintf(err, "kivodt: %s %zu: %s: %s\n", inputs.fromArguments() ? "argument" : "line", inputs.number(),
-                 what, quotedForMessage(text).c_str());
-}
-
-void reportTooLong(std::FILE* err, const InputLines& inputs, std::size_t maxLineLength) {
-    std::fprintf(err, "kivodt: %s %zu: longer than %zu bytes\n", inputs.fromArguments() ? "argument" : "line",
-                 inputs.number(), maxLineLength);
-}
-
 int reportStreamFailure(std::FILE* err, const char* what, int error) {
-    std::fprintf(err, "kivodt: cannot %s: %s\n", what, std::strerror(error));
+    std::fprintf(err, "kivodt: %s %s\n", what, std::strerror(error));
     return EXIT_STREAM_FAILED;
 }
 
-// Gives each value or text to convert(text, inputs, out), which writes its line and returns EXIT_OK or
-// EXIT_BAD_INPUT. The run stops at the first failed read or write.
-template <class Convert>
-int runEach(std::span<const std::string_view> arguments, const RunOptions& options, const Streams& streams,
-            Convert convert) {
+std::string lineMessage(const char* place, std::size_t number, std::string_view what) {
+    return "kivodt: " + std::string(place) + " " + std::to_string(number) + ": " + std::string(what) + "\n";
+}
+
+std::string lineMessage(const char* place, std::size_t number, std::string_view what, std::string_view text) {
+    return lineMessage(place, number, std::string(what) + ": " + quotedForMessage(text));
+}
+
+// Where a run's lines go: one output line per value or text, and messages that name a line. Line by
+// line they go straight to the streams; in blocks, into each run's own buffers.
+struct StreamSink {
+    BufferedOutput& out;
+    std::FILE* err;
+    void line(const char* bytes, std::size_t size) { out.line(bytes, size); }
+    void message(const std::string& text) { std::fputs(text.c_str(), err); }
+};
+
+struct BufferSink {
+    std::string& out;
+    std::string& messages;
+    void line(const char* bytes, std::size_t size) {
+        out.append(bytes, size);
+        out += '\n';
+    }
+    void message(const std::string& text) { messages += text; }
+};
+
+// One value in, one field out (as hex pairs with hex). Each thread converts with a copy of its own.
+class FormatLine {
+public:
+    FormatLine(const ResolvedSpec<FormatEntry>& spec, bool hex) : spec_(spec), hex_(hex) {}
+
+    template <class Sink>
+    int operator()(std::string_view text, const char* place, std::size_t number, Sink& sink) {
+        double value = 0;
+        if (!parseValue(text, value)) {
+            sink.message(lineMessage(place, number, "not a number or missing value", text));
+            return EXIT_BAD_INPUT;
+        }
+        const auto width = static_cast<std::size_t>(spec_.width);
+        spec_.entry->function(field_.data(), spec_.width, spec_.decimals, value);
+        if (hex_) {
+            encodeHex(field_.data(), width, hexField_.data());
+            sink.line(hexField_.data(), 2 * width);
+        } else {
+            sink.line(field_.data(), width);
+        }
+        return EXIT_OK;
+    }
+
+private:
+    ResolvedSpec<FormatEntry> spec_;
+    bool hex_;
+    std::vector<char> field_ = std::vector<char>(FIELD_ROOM);
+    std::vector<char> hexField_ = std::vector<char>(2 * FIELD_ROOM);
+};
+
+// One text in, the value read (or "invalid") out; texts are hex pairs with hex.
+class InformatLine {
+public:
+    InformatLine(const ResolvedSpec<InformatEntry>& spec, bool hex) : spec_(spec), hex_(hex) {}
+
+    template <class Sink>
+    int operator()(std::string_view text, const char* place, std::size_t number, Sink& sink) {
+        if (hex_) {
+            if (!decodeHex(text, bytes_)) {
+                sink.message(lineMessage(place, number, "not hex pairs", text));
+                return EXIT_BAD_INPUT;
+            }
+            text = bytes_;
+        }
+        // The field is the first `width` bytes of the text, or the whole text when it is shorter or when
+        // the spec gave no width; copied, so that the informat sees nothing beyond it. The line limit
+        // keeps the text's length within an int.
+        const std::size_t fieldLength =
+            spec_.widthGiven && text.size() > static_cast<std::size_t>(spec_.width) ? spec_.width : text.size();
+        field_.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(fieldLength));
+        double result = kivo::lum_numeric::MISSING;
+        const int accepted = spec_.entry->function(field_.data(), static_cast<int>(fieldLength),
+                                                   static_cast<int>(text.size()), spec_.decimals, &result);
+        if (accepted == 0) {
+            sink.line("invalid", 7);
+            return EXIT_BAD_INPUT;
+        }
+        char printed[32];
+        sink.line(printed, printValue(result, printed));
+        return EXIT_OK;
+    }
+
+private:
+    ResolvedSpec<InformatEntry> spec_;
+    bool hex_;
+    std::string bytes_;
+    std::vector<char> field_;
+};
+
+// Standard input in blocks, each block's lines converted on options.threads threads, each thread with
+// its own copy of the line converter; the output is what the line-by-line run gives.
+template <class LineConverter>
+int runInBlocks(const LineConverter& converter, const RunOptions& options, const Streams& streams) {
+    const ConvertLines convert = [&](std::string_view lines, std::size_t first, std::string& out,
+                                     std::string& messages) {
+        LineConverter own = converter;
+        BufferSink sink{out, messages};
+        int status = EXIT_OK;
+        forEachLine(lines, first, [&](std::string_view line, std::size_t number) {
+            if (line.size() > options.maxLineLength) {
+                sink.message(lineMessage("line", number, "longer than " + std::to_string(options.maxLineLength) +
+                                                             " bytes"));
+                status = EXIT_BAD_INPUT;
+                return;
+            }
+            status = std::max(status, own(line, "line", number, sink));
+        });
+        return status;
+    };
+    const ReportTooLong tooLong = [](std::size_t number, std::string& messages) {
+        messages += lineMessage("line", number, "longer than " + std::to_string(LINE_BLOCK_BYTES) + " bytes");
+    };
+    const LineBlockResult result =
+        convertLineBlocks({streams.in, streams.out, streams.err}, options.threads, convert, tooLong);
+    if (result.writeError != 0) {
+        return reportStreamFailure(streams.err, "cannot write standard output:", result.writeError);
+    }
+    if (std::fflush(streams.out) != 0) {
+        return reportStreamFailure(streams.err, "cannot write standard output:", errno != 0 ? errno : EIO);
+    }
+    if (result.readError != 0) {
+        return reportStreamFailure(streams.err, "cannot read standard input:", result.readError);
+    }
+    return result.status;
+}
+
+// Gives each value or text to the converter, which writes its line and returns EXIT_OK or
+// EXIT_BAD_INPUT: line by line, or standard input in blocks on several threads. The run stops at the
+// first failed read or write.
+template <class LineConverter>
+int runLines(LineConverter converter, std::span<const std::string_view> arguments, const RunOptions& options,
+             const Streams& streams) {
+    if (arguments.empty() && options.threads > 1) {
+        return runInBlocks(converter, options, streams);
+    }
     BufferedOutput out(streams.out);
     InputLines inputs(arguments, streams.in, options.maxLineLength);
+    StreamSink sink{out, streams.err};
+    const char* place = inputs.fromArguments() ? "argument" : "line";
     int status = EXIT_OK;
     std::string_view text;
     for (auto next = inputs.next(text); next == InputLines::Next::LINE || next == InputLines::Next::TOO_LONG;
          next = inputs.next(text)) {
         if (next == InputLines::Next::TOO_LONG) {
-            reportTooLong(streams.err, inputs, options.maxLineLength);
+            sink.message(lineMessage(place, inputs.number(),
+                                     "longer than " + std::to_string(options.maxLineLength) + " bytes"));
             status = EXIT_BAD_INPUT;
-        } else if (convert(text, inputs, out) != EXIT_OK) {
+        } else if (converter(text, place, inputs.number(), sink) != EXIT_OK) {
             status = EXIT_BAD_INPUT;
         }
         if (out.failed()) {
@@ -110,7 +242,7 @@ private:
 // that could not be used a message and the stand-in (with --keep, the text as it came).
 int writeBlock(LineBlock& block, const FieldConverter& converter, ConvertedFields& converted, const RunOptions& options,
                const char* place, BufferedOutput& out, std::FILE* err) {
-    converter.convert(block.texts(), converted);
+    converter.convert(block.texts(), converted, options.threads);
     int status = EXIT_OK;
     std::size_t next = 0;
     for (std::size_t i = 0; i < block.lines().size(); ++i) {
@@ -140,10 +272,10 @@ int writeBlock(LineBlock& block, const FieldConverter& converter, ConvertedField
 
 int endOfRun(BufferedOutput& out, int readError, int status, std::FILE* err) {
     if (!out.flush()) {
-        return reportStreamFailure(err, "write standard output", out.error());
+        return reportStreamFailure(err, "cannot write standard output:", out.error());
     }
     if (readError != 0) {
-        return reportStreamFailure(err, "read standard input", readError);
+        return reportStreamFailure(err, "cannot read standard input:", readError);
     }
     return status;
 }
@@ -155,55 +287,12 @@ int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string
                      static_cast<int>(spec.entry->name.size()), spec.entry->name.data());
         return EXIT_USAGE;
     }
-    std::vector<char> field(FIELD_ROOM);
-    std::vector<char> hexField(2 * FIELD_ROOM);
-    const auto width = static_cast<std::size_t>(spec.width);
-    return runEach(values, options, streams, [&](std::string_view text, const InputLines& inputs, BufferedOutput& out) {
-        double value = 0;
-        if (!parseValue(text, value)) {
-            reportLine(streams.err, inputs, "not a number or missing value", text);
-            return EXIT_BAD_INPUT;
-        }
-        spec.entry->function(field.data(), spec.width, spec.decimals, value);
-        if (options.hex) {
-            encodeHex(field.data(), width, hexField.data());
-            out.line(hexField.data(), 2 * width);
-        } else {
-            out.line(field.data(), width);
-        }
-        return EXIT_OK;
-    });
+    return runLines(FormatLine(spec, options.hex), values, options, streams);
 }
 
 int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts,
                 const RunOptions& options, const Streams& streams) {
-    std::string bytes;
-    std::vector<char> field;
-    return runEach(texts, options, streams, [&](std::string_view text, const InputLines& inputs, BufferedOutput& out) {
-        if (options.hex) {
-            if (!decodeHex(text, bytes)) {
-                reportLine(streams.err, inputs, "not hex pairs", text);
-                return EXIT_BAD_INPUT;
-            }
-            text = bytes;
-        }
-        // The field is the first `width` bytes of the text, or the whole text when it is shorter or when
-        // the spec gave no width; copied, so that the informat sees nothing beyond it. The line limit
-        // keeps the text's length within an int.
-        const std::size_t fieldLength =
-            spec.widthGiven && text.size() > static_cast<std::size_t>(spec.width) ? spec.width : text.size();
-        field.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(fieldLength));
-        double result = kivo::lum_numeric::MISSING;
-        const int accepted = spec.entry->function(field.data(), static_cast<int>(fieldLength),
-                                                  static_cast<int>(text.size()), spec.decimals, &result);
-        if (accepted == 0) {
-            out.line("invalid", 7);
-            return EXIT_BAD_INPUT;
-        }
-        char printed[32];
-        out.line(printed, printValue(result, printed));
-        return EXIT_OK;
-    });
+    return runLines(InformatLine(spec, options.hex), texts, options, streams);
 }
 
 int runConvert(const FieldConverter& converter, std::span<const std::string_view> texts, const RunOptions& options,

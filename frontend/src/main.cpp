@@ -1,5 +1,9 @@
 // kivodt: the date, time and numeric formats and informats of libkivoudtmf from the command line.
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -11,6 +15,7 @@
 #include "kivodt/FieldConverter.h"
 #include "kivodt/Runner.h"
 #include "kivodt/Spec.h"
+#include "kivodt/Values.h"
 #include "kivox/Services.h"
 
 namespace {
@@ -51,6 +56,8 @@ CSV (RFC 4180 quoting; every byte but the converted fields' is written back as i
   --no-header         the first row is data, not names
   --delimiter C       the field delimiter (default ,), e.g. ";" or tab
   --keep-blanks       keep the leading blanks of the fields written (by default they are dropped)
+  --threads N         convert standard input on N threads (default: the online cores; 1 reads line by
+                      line); the output is the same for any N, a line over 4 MiB is named and skipped
 A row with another number of fields than the first is named and copied unchanged; an empty field
 stays empty.
 
@@ -102,13 +109,32 @@ bool makeConverter(const kivodt::CommandLine& line, kivodt::FieldConverter& conv
            kivodt::FieldConverter::converting(informat, format, hexInput, hexOutput, converter, error);
 }
 
+// --threads N, or the cores online when it is not given.
+bool threadCount(const kivodt::CommandLine& line, int& threads, std::string& error) {
+    constexpr int MOST_THREADS = 256;
+    if (!line.threads) {
+        threads = std::clamp(static_cast<int>(sysconf(_SC_NPROCESSORS_ONLN)), 1, MOST_THREADS);
+        return true;
+    }
+    const std::string_view text = *line.threads;
+    const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), threads);
+    if (problem != std::errc() || end != text.data() + text.size() || threads < 1 || threads > MOST_THREADS) {
+        error = "--threads takes a number from 1 to 256, not " + kivodt::quotedForMessage(text);
+        return false;
+    }
+    return true;
+}
+
 int run(const kivodt::CommandLine& line) {
     const kivodt::Streams streams{stdin, stdout, stderr};
     const bool hexSide = line.command == "format" ? line.hexOutput : line.hexInput;
-    const kivodt::RunOptions options{.hex = line.hex || hexSide, .keep = line.keep};
+    kivodt::RunOptions options{.hex = line.hex || hexSide, .keep = line.keep};
     kivodt::CsvOptions csv;
     std::vector<kivodt::ColumnChoice> columns;
     std::string error;
+    if (!threadCount(line, options.threads, error)) {
+        return usageError(error);
+    }
     if (!kivodt::csvOptionsOf(line, csv, columns, error)) {
         return usageError(error);
     }

@@ -185,6 +185,22 @@ expect "PDJULG and PDJULI as hex" 0 "2021076F
 expect "packed bytes need --hex" 2 "" -- "$KIVODT" format PDJULG4. 22356
 expect "MINGUO outside its widths" 2 "" -- "$KIVODT" format MINGUO11. 22356
 
+# --threads: standard input in blocks on several threads gives the bytes and messages of one thread.
+same_on_threads() {  # same_on_threads NAME INPUT COMMAND...: stdout and stderr alike for 1 to 3 threads
+    name=$1 input=$2
+    shift 2
+    one=$(printf "$input" | "$KIVODT" --threads 1 "$@" 2>&1)
+    for n in 2 3; do
+        many=$(printf "$input" | "$KIVODT" --threads $n "$@" 2>&1)
+        [ "$many" = "$one" ] || { echo "FAIL $name on $n threads: $many"; failures=$((failures + 1)); }
+    done
+}
+same_on_threads "format" '0\nabc\r\n22356\n\n-5\n.A' format DATE9.
+same_on_threads "informat" '15JAN2000\r\n2000-01-15\nx\n' informat ANYDTDTE
+same_on_threads "convert" '15JAN2000\nnot a date\n' convert DATE9. YYMMDD10.
+fails "--threads 0" 2 "kivodt: --threads takes a number from 1 to 256, not \"0\"
+(kivodt --help explains the usage)" -- "$KIVODT" format --threads 0 DATE9. 0
+
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))
 fi

@@ -46,6 +46,7 @@ struct CommandLine {
     bool noHeader = false;
     std::optional<std::string_view> csv;  // the columns
     std::optional<std::string_view> delimiter;
+    std::optional<std::string_view> threads;  // the threads that convert standard input
     std::string_view command;     // "format", "informat", "convert" or "list"
     std::string_view spec;        // convert: the informat
     std::string_view formatSpec;  // convert: the format

@@ -31,6 +31,9 @@ struct RunOptions {
     bool hex = false;                             // fields written / texts read as hex byte pairs
     bool keep = false;                            // convert: a text that cannot be used is written as it came
     std::size_t maxLineLength = MAX_LINE_LENGTH;  // a longer line or argument is named and skipped
+    // Standard input is converted in blocks on this many threads (the output is the same for any count);
+    // a line longer than a block is then named and skipped.
+    int threads = 1;
 };
 
 // A run takes the arguments, or the lines of streams.in when there are none. A line that cannot be used
