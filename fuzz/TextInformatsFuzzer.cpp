@@ -1,8 +1,8 @@
 // Arbitrary bytes into every informat of kivodt's catalog and into the log-time informat. The field is
 // a heap block of exactly its size, so a read past either end is caught by AddressSanitizer. An
 // informat returns 0 or 1, and a rejected field leaves the result exactly as it was (the log-time
-// informat may store a missing value and still return false). HHMMSS is also run with its first
-// middle argument cutting the field short.
+// informat and STIMER may store a missing value and still return false). HHMMSS and the week
+// informats are also run with their first middle argument cutting the field short.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -35,11 +35,17 @@ void check(bool condition) {
     }
 }
 
-void runInformat(KivoInformatFunction informat, const char* field, int width, int length) {
+bool isMissing(double value) {
+    return (bitsOf(value) & kivo::lum_numeric::MISSING_MASK) == kivo::lum_numeric::MISSING_MASK;
+}
+
+// STIMER, like the log-time informat it calls, may store the missing value and still return 0.
+void runInformat(KivoInformatFunction informat, const char* field, int width, int length,
+                 bool storesMissingWhenRejecting = false) {
     double result = untouched();
     const int code = informat(field, width, length, 0, &result);
     check(code == 0 || code == 1);
-    check(code == 1 || bitsOf(result) == UNTOUCHED);
+    check(code == 1 || bitsOf(result) == UNTOUCHED || (storesMissingWhenRejecting && isMissing(result)));
 }
 
 }  // namespace
@@ -51,15 +57,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const int width = static_cast<int>(size);
     for (const kivodt::InformatEntry& entry : kivodt::informatCatalog()) {
-        runInformat(entry.function, field.get(), width, width);
+        runInformat(entry.function, field.get(), width, width, entry.storesMissingWhenRejecting);
     }
+    // The informats that cut their field at the length argument.
     for (const int length : {-1, 0, width / 2, width - 1}) {
-        runInformat(hhmmssInformat, field.get(), width, length);
+        for (KivoInformatFunction cut : {hhmmssInformat, weekuInformat, weekvInformat, weekwInformat}) {
+            runInformat(cut, field.get(), width, length);
+        }
     }
     double result = untouched();
     if (!kivo::kivoLogTimeInformat(field.get(), width, width, 0, result)) {
-        const bool missing = (bitsOf(result) & kivo::lum_numeric::MISSING_MASK) == kivo::lum_numeric::MISSING_MASK;
-        check(bitsOf(result) == UNTOUCHED || missing);
+        check(bitsOf(result) == UNTOUCHED || isMissing(result));
     }
     return 0;
 }

@@ -79,6 +79,14 @@ TEST(FailureSitesDeathTest, DateTimeAndDatetimeFormats) {
         {&site::DATEAMPM_WRITING});
 }
 
+TEST(FailureSitesDeathTest, MachineAndWeekInformats) {
+    namespace site = informat::failure;
+    // The packed-decimal reader gives only its four codes and the host only the seven weekdays.
+    expectTableReported(site::ALL, {},
+                        {&site::PDTIME_READER_CODE, &site::RMFDUR_READER_CODE, &site::RMFSTAMP_READER_CODE,
+                         &site::WEEKV_DAY_OF_WEEK, &site::WEEKW_DAY_OF_WEEK});
+}
+
 TEST(FailureSitesDeathTest, TablesNameTheirOwnSource) {
     const auto expectSource = [](std::span<const FailureSite> table, const char* source) {
         std::set<std::pair<std::string, int>> seen;

@@ -41,6 +41,10 @@ FieldConverter FieldConverter::reading(const ResolvedSpec<InformatEntry>& inform
 
 bool FieldConverter::converting(const ResolvedSpec<InformatEntry>& informat, const ResolvedSpec<FormatEntry>& format,
                                 bool hexInput, bool hexOutput, FieldConverter& converter, std::string& error) {
+    if (informat.entry->readsBytes && !hexInput) {
+        error = std::string(informat.entry->name) + " reads bytes, not text: run it with --hex or --hex-in";
+        return false;
+    }
     const KindStep step = kindStep(informat.entry->kind, format.entry->kind);
     if (step == KindStep::REFUSED) {
         error = std::string(informat.entry->name) + " reads " + kindName(informat.entry->kind) + ", which " +

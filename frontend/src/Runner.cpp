@@ -292,6 +292,11 @@ int runFormat(const ResolvedSpec<FormatEntry>& spec, std::span<const std::string
 
 int runInformat(const ResolvedSpec<InformatEntry>& spec, std::span<const std::string_view> texts,
                 const RunOptions& options, const Streams& streams) {
+    if (spec.entry->readsBytes && !options.hex) {
+        std::fprintf(streams.err, "kivodt: %.*s reads bytes, not text: give them as hex pairs with --hex\n",
+                     static_cast<int>(spec.entry->name.size()), spec.entry->name.data());
+        return EXIT_USAGE;
+    }
     return runLines(InformatLine(spec, options.hex), texts, options, streams);
 }
 

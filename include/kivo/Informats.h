@@ -39,4 +39,24 @@ KIVO_EXPORT int canstampInformat(const char* text, int width, int length, int de
 // Only the first length characters of the narrowed text are read.
 KIVO_EXPORT int hhmmssInformat(const char* text, int width, int length, int decimals, double* result);
 
+// Machine-form timestamps, taking their bytes as given: packed-decimal times, durations and dates
+// (PDTIME, RMFDUR, PDJULI, PDJULG), record stamps (RMFSTAMP, SMFSTAMP, SHRSTAMP), the time-of-day
+// clock (TODSTAMP, MSEC) and timer units (TU); STIMER reads an elapsed time as text.
+KIVO_EXPORT int pdtimeInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int rmfdurInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int rmfstampInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int smfstampInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int shrstampInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int todstampInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int msecInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int stimerInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int tuInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int pdjuliInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int pdjulgInformat(const char* text, int width, int length, int decimals, double* result);
+
+// Week dates (2021W0503) under Sunday, ISO 8601 and Monday weeks.
+KIVO_EXPORT int weekuInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int weekvInformat(const char* text, int width, int length, int decimals, double* result);
+KIVO_EXPORT int weekwInformat(const char* text, int width, int length, int decimals, double* result);
+
 }  // extern "C"

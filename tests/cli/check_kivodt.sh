@@ -201,6 +201,14 @@ same_on_threads "convert" '15JAN2000\nnot a date\n' convert DATE9. YYMMDD10.
 fails "--threads 0" 2 "kivodt: --threads takes a number from 1 to 256, not \"0\"
 (kivodt --help explains the usage)" -- "$KIVODT" format --threads 0 DATE9. 0
 
+expect "packed time as hex pairs" 0 "5025
+-5025
+." -- "$KIVODT" --hex informat PDTIME4. 0012345C 0012345D 00123455
+fails "packed time without --hex" 2 "kivodt: PDTIME reads bytes, not text: give them as hex pairs with --hex" -- \
+    "$KIVODT" informat PDTIME4. 0012345C
+expect "week dates" 0 "22356
+22356" -- "$KIVODT" informat WEEKV 2021-W11-03 2021W1103
+
 if "$KIVODT" format DATX9. 0 2>&1 | grep -q "did you mean DATE"; then :; else
     echo "FAIL unknown format does not suggest DATE"; failures=$((failures + 1))
 fi

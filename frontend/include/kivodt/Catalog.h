@@ -62,12 +62,17 @@ struct FormatEntry {
     bool writesBytes = false;
 };
 
+// readsBytes marks the informats whose field is binary (packed decimals, machine clocks), given as hex
+// pairs. storesMissingWhenRejecting marks STIMER, which stores the missing value for a missing-value
+// notation and still returns 0; every other informat leaves the result alone when it rejects a text.
 struct InformatEntry {
     std::string_view name;
     std::string_view symbol;
     KivoInformatFunction function;
     Limits limits;
     ValueKind kind;
+    bool readsBytes = false;
+    bool storesMissingWhenRejecting = false;
 };
 
 // Every format and informat the front end knows, in the order `kivodt list` shows them.
