@@ -166,12 +166,15 @@ TEST_F(InformatTable, PackedAndWeekFormatsReadBack) {
         int width;
         int firstYear;
     };
+    // The week formats hold the day and a four-digit year from width 9; the packed ones at 4.
     const Pair pairs[] = {{pdjulgFormat, pdjulgInformat, 4, 1582}, {pdjuliFormat, pdjuliInformat, 4, 1900},
-                          {weekuFormat, weekuInformat, 11, 1583},  {weekvFormat, weekvInformat, 11, 1583},
-                          {weekwFormat, weekwInformat, 11, 1583}};
+                          {weekuFormat, weekuInformat, 9, 1583},   {weekuFormat, weekuInformat, 11, 1583},
+                          {weekuFormat, weekuInformat, 32, 1583},  {weekvFormat, weekvInformat, 10, 1583},
+                          {weekvFormat, weekvInformat, 11, 1583},  {weekwFormat, weekwInformat, 9, 1583},
+                          {weekwFormat, weekwInformat, 12, 1583}};
     for (const Pair& pair : pairs) {
         for (double serial = day(pair.firstYear, 1, 1); serial <= day(2300, 12, 31); ++serial) {
-            char field[16];
+            char field[32];
             pair.format(field, pair.width, 0, serial);
             const kivo::test::InformatReading reading =
                 readField(pair.informat, std::string_view(field, static_cast<std::size_t>(pair.width)));
@@ -179,7 +182,7 @@ TEST_F(InformatTable, PackedAndWeekFormatsReadBack) {
             const bool byDesign = pair.informat == weekuInformat && date.month() == 12 && date.day() == 31 &&
                                   kivo::Year::isLeapYear(date.year()) && Date(date.year(), 1, 1).dayOfWeek() == 7;
             if (byDesign) {
-                EXPECT_EQ(reading.code, 0) << std::string(field, 11);
+                EXPECT_EQ(reading.code, 0) << std::string(field, static_cast<std::size_t>(pair.width));
             } else if (reading.code != 1 || reading.result != serial) {
                 FAIL() << "day " << serial << " as \"" << std::string(field, static_cast<std::size_t>(pair.width))
                        << "\" reads back as " << reading.result;

@@ -115,7 +115,11 @@ private:
 class TextInformatRoundTrip : public testing::TestWithParam<RoundTrip> {
 protected:
     // Two-digit-year expansion plays no part here, but a cutoff left by another test must not either.
-    void SetUp() override { previous_ = kivo::ServiceLocator::setCurrent(&locator_); }
+    // NENGO's latest date is the host's today, fixed here so that no run depends on the clock.
+    void SetUp() override {
+        locator_.systemOptions().setOption("today", "2021-03-17");
+        previous_ = kivo::ServiceLocator::setCurrent(&locator_);
+    }
     void TearDown() override { kivo::ServiceLocator::setCurrent(previous_); }
     kivo::ServiceLocator locator_;
     kivo::ServiceLocator* previous_ = nullptr;
@@ -128,9 +132,6 @@ TEST_P(TextInformatRoundTrip, ReadsBackWhatTheFormatWrote) {
     ASSERT_NE(informat, nullptr) << trip.informat;
     if (format == nullptr) {
         GTEST_SKIP() << "the " << trip.format << " format is not in the catalog yet";
-    }
-    if (trip.values == Values::NENGO_DAYS && locator_.systemOptions().getOption("today") == nullptr) {
-        GTEST_SKIP() << "NENGO's latest date follows the clock until the host has a \"today\" option";
     }
     const int first = std::max({trip.minWidth, format->limits.minWidth, informat->limits.minWidth});
     const int last = std::min({trip.maxWidth, format->limits.maxWidth, informat->limits.maxWidth});
