@@ -14,14 +14,14 @@ constexpr int WIDEST = 11;
 
 // DATE by width: the odd widths add the year in two and then four digits, the even ones put a blank in
 // front of the odd layout below them, and the widest spells the date with dashes.
-constexpr std::string_view DATE_LAYOUTS[WIDEST - NARROWEST + 1] = {
-    "dM",     // 5: 17MAR
-    " dM",    // 6
-    "dMy",    // 7: 17MAR21
-    " dMy",   // 8
-    "dMY",    // 9: 17MAR2021
-    " dMY",   // 10
-    "d-M-Y",  // 11: 17-MAR-2021
+constexpr layout::DateLayoutWriter DATE_LAYOUTS[WIDEST - NARROWEST + 1] = {
+    layout::row<"dM">,     // 5: 17MAR
+    layout::row<" dM">,    // 6
+    layout::row<"dMy">,    // 7: 17MAR21
+    layout::row<" dMy">,   // 8
+    layout::row<"dMY">,    // 9: 17MAR2021
+    layout::row<" dMY">,   // 10
+    layout::row<"d-M-Y">,  // 11: 17-MAR-2021
 };
 
 }  // namespace
@@ -31,7 +31,7 @@ void doDateFormat(const Date& date, char*& out, int width) {
     if (width < NARROWEST || width > WIDEST) {
         return;
     }
-    layout::writeDatePieces(out, DATE_LAYOUTS[width - NARROWEST], date.yearMonthDay());
+    DATE_LAYOUTS[width - NARROWEST](out, date.yearMonthDay(), ' ');
 }
 
 }  // namespace kivo::format::datetime

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
+#include <utility>
 
 #include "formats/FieldWriting.h"
 #include "kivox/Calendar.h"
@@ -17,46 +19,63 @@
 // (17-MAR-2021), a day-month-year layout with its separator "dsmsY" (17/03/2021).
 namespace kivo::format::datetime::layout {
 
-inline void writeDatePieces(char*& out, std::string_view pieces, const Date::YMD& ymd, char separator = ' ') noexcept {
-    for (const char piece : pieces) {
-        switch (piece) {
-            case 'd':
-                field::twoDigits(out, ymd.day);
-                break;
-            case 'm':
-                field::twoDigits(out, ymd.month);
-                break;
-            case 'M':
-                field::text(out, Month::upperShortName(ymd.month), 3);
-                break;
-            case 'y':
-                field::twoDigits(out, ymd.year % 100);
-                break;
-            case 'Y':
-                field::fourDigitYearOrStars(out, ymd.year);
-                break;
-            case 's':
-                *out++ = separator;
-                break;
-            default:
-                *out++ = piece;
-                break;
-        }
+// One piece, chosen when the layout is compiled.
+template <char PIECE>
+inline void writePiece(char*& o, const Date::YMD& ymd, char separator) noexcept {
+    if constexpr (PIECE == 'd') {
+        field::twoDigits(o, ymd.day);
+    } else if constexpr (PIECE == 'm') {
+        field::twoDigits(o, ymd.month);
+    } else if constexpr (PIECE == 'M') {
+        field::text(o, Month::upperShortName(ymd.month), 3);
+    } else if constexpr (PIECE == 'y') {
+        field::twoDigits(o, ymd.year % 100);
+    } else if constexpr (PIECE == 'Y') {
+        field::fourDigitYearOrStars(o, ymd.year);
+    } else if constexpr (PIECE == 's') {
+        *o++ = separator;
+    } else {
+        *o++ = PIECE;
     }
 }
 
-// ---- Layouts by width and year-first layouts (day-month-year, month-year and quarter families) ----
+// A row of pieces as a literal the compiler can read: Pieces{"d-M-Y"}.
+template <std::size_t N>
+struct Pieces {
+    char text[N];
+    consteval Pieces(const char (&row)[N]) noexcept {  // NOLINT: implicit, so that a literal is a row
+        for (std::size_t i = 0; i < N; ++i) {
+            text[i] = row[i];
+        }
+    }
+};
 
-// A family's rows of pieces for consecutive widths, the first row for `narrowest`.
+using DateLayoutWriter = void (*)(char*& out, const Date::YMD& ymd, char separator) noexcept;
+
+// The writer of one row, its pieces unrolled at compile time into straight code; the position is kept
+// in a local and stored back once.
+template <Pieces ROW>
+inline void writeRow(char*& out, const Date::YMD& ymd, char separator) noexcept {
+    char* o = out;
+    [&]<std::size_t... I>(std::index_sequence<I...>) {
+        (writePiece<ROW.text[I]>(o, ymd, separator), ...);
+    }(std::make_index_sequence<sizeof(ROW.text) - 1>{});
+    out = o;
+}
+
+// The writer of a row, for a table of layouts: layout::row<"dMY">.
+template <Pieces ROW>
+inline constexpr DateLayoutWriter row = &writeRow<ROW>;
+
 template <std::size_t COUNT>
 struct LayoutsByWidth {
     int narrowest;
-    std::string_view rows[COUNT];
+    DateLayoutWriter rows[COUNT];
 
     constexpr int widest() const noexcept { return narrowest + static_cast<int>(COUNT) - 1; }
     constexpr bool covers(int width) const noexcept { return width >= narrowest && width <= widest(); }
     // The row of a width the table covers.
-    constexpr std::string_view at(int width) const noexcept { return rows[width - narrowest]; }
+    constexpr DateLayoutWriter at(int width) const noexcept { return rows[width - narrowest]; }
 };
 
 // A year-first layout: the year right-aligned in the positions the rest of the layout leaves

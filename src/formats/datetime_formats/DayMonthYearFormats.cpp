@@ -14,20 +14,31 @@ namespace kivo::format::datetime {
 
 namespace {
 
+using layout::row;
+
 using layout::LayoutsByWidth;
 
 // The separated layouts, widths 2 to 10. A separator appears only where the separated text fills the
 // field (5, 8 and 10, and 9 behind its blank); at 4, 6 and 7 the digits run together even in the
 // variants that have a separator, and only width 10 has room for the four-digit year.
-constexpr LayoutsByWidth<9> DDMMYY_SEPARATED{2, {"d", " d", "dm", "dsm", "dmy", " dmy", "dsmsy", " dsmsy", "dsmsY"}};
-constexpr LayoutsByWidth<9> MMDDYY_SEPARATED{2, {"m", " m", "md", "msd", "mdy", " mdy", "msdsy", " msdsy", "msdsY"}};
-constexpr LayoutsByWidth<9> YYMMDD_SEPARATED{2, {"y", " y", "ym", "ysm", "ymd", " ymd", "ysmsd", " ysmsd", "Ysmsd"}};
+constexpr LayoutsByWidth<9> DDMMYY_SEPARATED{
+    2,
+    {row<"d">, row<" d">, row<"dm">, row<"dsm">, row<"dmy">, row<" dmy">, row<"dsmsy">, row<" dsmsy">, row<"dsmsY">}};
+constexpr LayoutsByWidth<9> MMDDYY_SEPARATED{
+    2,
+    {row<"m">, row<" m">, row<"md">, row<"msd">, row<"mdy">, row<" mdy">, row<"msdsy">, row<" msdsy">, row<"msdsY">}};
+constexpr LayoutsByWidth<9> YYMMDD_SEPARATED{
+    2,
+    {row<"y">, row<" y">, row<"ym">, row<"ysm">, row<"ymd">, row<" ymd">, row<"ysmsd">, row<" ysmsd">, row<"Ysmsd">}};
 
 // The N layouts, widths 2 to 8: the odd widths put a blank in front of the even layout below them, and
 // width 8 is the first with room for the four-digit year.
-constexpr LayoutsByWidth<7> DDMMYY_RUN_TOGETHER{2, {"d", " d", "dm", " dm", "dmy", " dmy", "dmY"}};
-constexpr LayoutsByWidth<7> MMDDYY_RUN_TOGETHER{2, {"m", " m", "md", " md", "mdy", " mdy", "mdY"}};
-constexpr LayoutsByWidth<7> YYMMDD_RUN_TOGETHER{2, {"y", " y", "ym", " ym", "ymd", " ymd", "Ymd"}};
+constexpr LayoutsByWidth<7> DDMMYY_RUN_TOGETHER{
+    2, {row<"d">, row<" d">, row<"dm">, row<" dm">, row<"dmy">, row<" dmy">, row<"dmY">}};
+constexpr LayoutsByWidth<7> MMDDYY_RUN_TOGETHER{
+    2, {row<"m">, row<" m">, row<"md">, row<" md">, row<"mdy">, row<" mdy">, row<"mdY">}};
+constexpr LayoutsByWidth<7> YYMMDD_RUN_TOGETHER{
+    2, {row<"y">, row<" y">, row<"ym">, row<" ym">, row<"ymd">, row<" ymd">, row<"Ymd">}};
 
 // What the run-together writers pass for the separator their rows never ask for.
 constexpr char NO_SEPARATOR = ' ';
@@ -41,7 +52,7 @@ int writeDigitDate(double value, char* field, int width, const LayoutsByWidth<CO
         if (!layouts.covers(w)) {
             format::fail(widthOutside);
         }
-        layout::writeDatePieces(out, layouts.at(w), date.yearMonthDay(), separator);
+        layouts.at(w)(out, date.yearMonthDay(), separator);
     });
 }
 

@@ -12,7 +12,9 @@ namespace kivo::format::datetime {
 
 namespace {
 
-constexpr layout::LayoutsByWidth<3> MONYY_LAYOUTS{5, {"My", " My", "MY"}};
+using layout::row;
+
+constexpr layout::LayoutsByWidth<3> MONYY_LAYOUTS{5, {row<"My">, row<" My">, row<"MY">}};
 
 // The year in what the abbreviation leaves: 2 positions at width 5, 4 at width 7, five digits past
 // 9999 in a wider field.
@@ -29,7 +31,7 @@ void writeYymon(const Date& date, char*& out, int width) noexcept {
 // any other width leaves the field as it was.
 void doMonyyFormat(const Date& date, char*& out, int width) {
     if (MONYY_LAYOUTS.covers(width)) {
-        layout::writeDatePieces(out, MONYY_LAYOUTS.at(width), date.yearMonthDay());
+        MONYY_LAYOUTS.at(width)(out, date.yearMonthDay(), ' ');
     }
 }
 

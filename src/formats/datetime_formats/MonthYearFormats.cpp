@@ -15,11 +15,13 @@ namespace kivo::format::datetime {
 
 namespace {
 
+using layout::row;
+
 using layout::LayoutsByWidth;
 
 // The two-digit year up to the first width with room for four digits; wider fields pad the last row.
-constexpr LayoutsByWidth<3> MMYY_SEPARATED{5, {"msy", " msy", "msY"}};
-constexpr LayoutsByWidth<3> MMYY_RUN_TOGETHER{4, {"my", " my", "mY"}};
+constexpr LayoutsByWidth<3> MMYY_SEPARATED{5, {row<"msy">, row<" msy">, row<"msY">}};
+constexpr LayoutsByWidth<3> MMYY_RUN_TOGETHER{4, {row<"my">, row<" my">, row<"mY">}};
 
 // What MMYYN passes for the separator its rows never ask for.
 constexpr char NO_SEPARATOR = ' ';
@@ -35,7 +37,7 @@ void writeMonthFirst(const Date& date, char*& out, int width, const LayoutsByWid
     }
     const int widest = layouts.widest();
     field::blanks(out, width - widest);
-    layout::writeDatePieces(out, layouts.at(width < widest ? width : widest), date.yearMonthDay(), separator);
+    layouts.at(width < widest ? width : widest)(out, date.yearMonthDay(), separator);
 }
 
 // The year in what the separator and the month leave: 2 positions at width 5, 4 at width 7.
