@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 lines=${1:-20000000}
 runs=${2:-3}
 kivodt=build/release/frontend/kivodt
-work=$(mktemp -d)
+work=$(mktemp -d "${TMPDIR:-/tmp}/kivodt-bench.XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
 /usr/bin/python3 - "$lines" "$work" <<'PY'
@@ -31,13 +31,13 @@ with open(f"{work}/days.txt", "w") as days, open(f"{work}/texts.txt", "w") as te
         texts.write("".join(rows))
 PY
 
-measure() {  # measure LABEL THREADS COMMAND...: the median wall time and peak size of RUNS runs
-    label=$1 threads=$2
-    shift 2
+measure() {  # measure LABEL THREADS INPUT COMMAND...: the median wall time and peak size of RUNS runs
+    label=$1 threads=$2 input=$3
+    shift 3
     : > "$work/times"
     i=0
     while [ "$i" -lt "$runs" ]; do
-        /usr/bin/time -o "$work/one" -f "%e %M" "$kivodt" --threads "$threads" "$@" > /dev/null
+        /usr/bin/time -o "$work/one" -f "%e %M" "$kivodt" --threads "$threads" "$@" < "$input" > /dev/null
         cat "$work/one" >> "$work/times"
         i=$((i + 1))
     done
@@ -49,8 +49,8 @@ measure() {  # measure LABEL THREADS COMMAND...: the median wall time and peak s
 }
 
 for threads in 1 2; do
-    measure "DATE9." "$threads" format DATE9. < "$work/days.txt"
+    measure "DATE9." "$threads" "$work/days.txt" format DATE9.
 done
 for threads in 1 2; do
-    measure "ANYDTDTE" "$threads" informat ANYDTDTE < "$work/texts.txt"
+    measure "ANYDTDTE" "$threads" "$work/texts.txt" informat ANYDTDTE
 done
