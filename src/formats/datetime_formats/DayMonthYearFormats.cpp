@@ -48,12 +48,13 @@ constexpr char NO_SEPARATOR = ' ';
 template <std::size_t COUNT>
 int writeDigitDate(double value, char* field, int width, const LayoutsByWidth<COUNT>& layouts,
                    const FailureSite& widthOutside, char separator) noexcept {
-    return entry::withDate(field, width, 0, 0, value, [&](const Date& date, char*& out, int w) {
-        if (!layouts.covers(w)) {
-            format::fail(widthOutside);
-        }
-        layouts.at(w)(out, date.yearMonthDay(), separator);
-    });
+    return entry::withDate(field, width, 0, 0, value,
+                           [&layouts, &widthOutside, separator](const Date& date, char*& out, int w) {
+                               if (!layouts.covers(w)) [[unlikely]] {
+                                   format::fail(widthOutside);
+                               }
+                               layouts.at(w)(out, date.yearMonthDay(), separator);
+                           });
 }
 
 int doDdmmyyn(double value, char* field, int width) noexcept {
