@@ -1,7 +1,8 @@
 #include "kivodt/InputLines.h"
 
-#include <cerrno>
 #include <cstring>
+
+#include "kivodt/StreamReading.h"
 
 namespace kivodt {
 
@@ -55,14 +56,7 @@ bool InputLines::refill() {
     if (streamEnded_) {
         return false;
     }
-    errno = 0;
-    const std::size_t got = std::fread(chunk_.data(), 1, chunk_.size(), in_);
-    if (got < chunk_.size()) {
-        streamEnded_ = true;
-        if (std::ferror(in_)) {
-            readError_ = errno != 0 ? errno : EIO;
-        }
-    }
+    const std::size_t got = readSome(in_, chunk_.data(), chunk_.size(), streamEnded_, readError_);
     next_ = chunk_.data();
     end_ = next_ + got;
     return got > 0;

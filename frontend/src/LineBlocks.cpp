@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "kivo/thread/Thread_pthread.h"
+#include "kivodt/StreamReading.h"
 #include "kivox/Services.h"
 
 namespace kivodt {
@@ -88,13 +89,9 @@ public:
         if (ended_) {
             return false;
         }
-        const std::size_t got = std::fread(block_.data() + held_, 1, block_.size() - held_, in_);
-        if (got < block_.size() - held_) {
-            ended_ = true;
-            error_ = std::ferror(in_) ? (errno != 0 ? errno : EIO) : 0;
-        }
-        held_ += got;
-        return got > 0 || held_ > 0;
+        held_ += readSome(in_, block_.data() + held_, block_.size() - held_, ended_, error_);
+        const std::size_t got = held_;
+        return got > 0;
     }
 
     // The whole lines held: up to the last "\n", or everything at the end of the stream.
