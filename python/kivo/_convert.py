@@ -48,13 +48,8 @@ def _as_values(values):
 def format(values, spec, *, missing_char=None):
     """Each value as the field `spec` writes ("DATE9.", "TIME12.3", "BEST12."): a numpy array of
     fixed-width strings ('S' bytes for the formats that write bytes). NaN is the ordinary missing value."""
-    described = _kivo.describe_format(spec)
-    serials = _as_values(values)
-    width = described["width"]
-    fields = np.frombuffer(_kivo.format_values(spec, serials, missing_char), dtype=f"S{width}")
-    if described["writes_bytes"]:
-        return fields.copy()
-    return fields.astype(f"U{width}")
+    _kivo.describe_format(spec)  # a bad spec is refused before the values are looked at
+    return _kivo.format_values(spec, _as_values(values), missing_char)
 
 
 def _as_texts(texts):

@@ -7,6 +7,7 @@
 #include <pybind11/stl.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <thread>
@@ -96,21 +97,33 @@ py::dict describeInformat(const std::string& spec) {
     return d;
 }
 
-// values (float64) to one bytes object of values.size() fields of the spec's width.
-py::bytes formatValues(const std::string& spec, py::array_t<double, py::array::c_style | py::array::forcecast> values,
+// values (float64) to a numpy array of fixed-width fields: '<U{width}' text, or 'S{width}' bytes for the
+// formats that write bytes. The fields are written side by side and, for text, widened to the array's
+// four-byte characters without the interpreter's lock.
+py::array formatValues(const std::string& spec, py::array_t<double, py::array::c_style | py::array::forcecast> values,
                        std::optional<std::string> missingChar) {
     const auto format = resolved<kivodt::FormatEntry>(spec, kivodt::resolveFormat);
     CallServices services;
     services.set(kivo::settings::MISSING_CHAR, "missing_char", missingChar);
     const auto count = static_cast<std::size_t>(values.size());
-    std::string fields(count * static_cast<std::size_t>(format.width), ' ');
+    const auto width = static_cast<std::size_t>(format.width);
+    const bool bytes = format.entry->writesBytes;
+    const std::vector<py::ssize_t> shape{static_cast<py::ssize_t>(count)};
+    py::array fields(py::dtype(std::string(bytes ? "S" : "U") + std::to_string(width)), shape);
     {
         py::gil_scoped_release unlocked;
+        std::string text(count * width, ' ');
         kivodt::formatBatch(*format.entry, format.width, format.decimals,
-                            std::span<const double>(values.data(), count), fields.data(), threadCount(count),
+                            std::span<const double>(values.data(), count), text.data(), threadCount(count),
                             services.locator());
+        if (bytes) {
+            std::copy(text.begin(), text.end(), static_cast<char*>(fields.mutable_data()));
+        } else {
+            auto* wide = static_cast<std::uint32_t*>(fields.mutable_data());
+            std::transform(text.begin(), text.end(), wide, [](char c) { return static_cast<unsigned char>(c); });
+        }
     }
-    return py::bytes(fields);
+    return fields;
 }
 
 // Texts laid end to end (bytes, offsets) read into (values, accepted).
