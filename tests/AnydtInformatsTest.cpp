@@ -98,11 +98,8 @@ TEST_F(AnydtTest, SpecialMissingAndFieldBounds) {
     EXPECT_EQ(result, 45000);
 }
 
-struct ConversionCase {
-    KivoInformatFunction informat;
-    const char* field;
-    double result;  // NONE: the ordinary missing value
-};
+// A result of NONE stands for the ordinary missing value.
+struct ConversionCase { KivoInformatFunction informat; const char* field; double result; };
 
 TEST_F(AnydtTest, InformatsConvertByType) {
     use("mdy", "1940");

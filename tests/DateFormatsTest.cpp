@@ -54,12 +54,7 @@ INSTANTIATE_TEST_SUITE_P(SingleComponents, DateFormats, testing::ValuesIn(kivo::
                     {2, 0, day(2021, 5, 1), "Ma"})})));
 
 TEST(WriteMissing, PlacesTheCharacterOrLeavesAFiniteValueAlone) {
-    struct Case {
-        double value;
-        int width;
-        int decimals;
-        const char* expected;
-    };
+    struct Case { double value; int width; int decimals; const char* expected; };
     const Case cases[] = {
         {INFINITY, 5, 0, "    ."}, {-INFINITY, 3, 1, " . "}, {NAN, 2, 0, " ."}, {MISSING, 6, 2, "   .  "},
         {specialMissing('A'), 3, 0, "  A"}, {MISSING, 3, 5, ".  "}, {MISSING, 3, -2, "  ."},

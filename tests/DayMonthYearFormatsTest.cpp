@@ -26,17 +26,10 @@ const double MAY_1960 = day(1960, 5, 1);       // Q2
 const double AUG_1960 = day(1960, 8, 1);       // Q3
 const double NOV_1960 = day(1960, 11, 30);     // Q4
 
-struct Variant {
-    KivoFormatFunction format;
-    const char* name;
-    char separator;
-    bool secondsSerial = false;  // DT formats: the same day, at noon
-};
+// secondsSerial marks the DT formats, which are given the same day at noon.
+struct Variant { KivoFormatFunction format; const char* name; char separator; bool secondsSerial = false; };
 
-struct Row {
-    double day;
-    std::initializer_list<const char*> byWidth;
-};
+struct Row { double day; std::initializer_list<const char*> byWidth; };
 
 // A variant's function and name from one token: VARIANT(ddmmyyb, ' ').
 #define VARIANT(stem, ...) Variant{stem##Format, #stem, __VA_ARGS__}

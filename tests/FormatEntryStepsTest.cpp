@@ -38,7 +38,8 @@ TEST(FormatEntrySteps, MissingCharacterAndStarsBeyondTheCalendar) {
             for (int decimals = 0; decimals <= kivodt::maxDecimals(entry.limits, width); ++decimals) {
                 std::string missing(static_cast<std::size_t>(width), ' ');
                 missing[static_cast<std::size_t>(width - 1 - (moves ? decimals : 0))] = '.';
-                const std::string spec = std::string(entry.name) + std::to_string(width) + "." + std::to_string(decimals);
+                const std::string spec =
+                    std::string(entry.name) + std::to_string(width) + "." + std::to_string(decimals);
                 EXPECT_EQ(formatField(entry.function, width, decimals, kivo::lum_numeric::MISSING), missing) << spec;
                 EXPECT_EQ(formatField(entry.function, width, decimals, before), stars) << spec;
                 EXPECT_EQ(formatField(entry.function, width, decimals, after), stars) << spec;

@@ -44,11 +44,7 @@ TEST(HostCalendar, EveryValidDayAgreesWithAnIncrementalCalendar) {
 }
 
 TEST(HostCalendar, RangeAndConstruction) {
-    struct Case {
-        double value;
-        bool valid;
-        int serial;
-    };
+    struct Case { double value; bool valid; int serial; };
     const Case cases[] = {
         {0.0, true, 0},         {-0.5, true, -1},          {22356.99, true, 22356}, {-138061, true, -138061},
         {-138061.5, false, 0},  {6589340.999, true, 6589340}, {6589341, false, 0},   {NAN, false, 0},
@@ -119,11 +115,7 @@ TEST(HostCalendar, WeekRecordsAroundEveryTurnOfTheYear) {
 }
 
 TEST(HostCalendar, DatetimeSplitsIntoDayAndTimeOfDay) {
-    struct Case {
-        double seconds;
-        int day;
-        double timeOfDay;
-    };
+    struct Case { double seconds; int day; double timeOfDay; };
     const Case cases[] = {
         {0.0, 0, 0.0}, {86399.5, 0, 86399.5}, {86400.0, 1, 0.0}, {-1.0, -1, 86399.0}, {-86400.0, -1, 0.0},
         {1e-300, 0, 1e-300},
@@ -153,11 +145,7 @@ TEST(HostCalendar, DatetimeSplitsIntoDayAndTimeOfDay) {
 
 TEST(HostCalendar, TwoDigitYearsFollowTheCutoff) {
     kivo::test::OwnServices services;
-    struct Case {
-        const char* cutoff;
-        int year;
-        int expanded;
-    };
+    struct Case { const char* cutoff; int year; int expanded; };
     const Case cases[] = {
         {"1940", 40, 1940}, {"1940", 39, 2039}, {"1940", 0, 2000},  {"1940", 99, 1999}, {"1940", 100, 100},
         {"1940", 2023, 2023}, {"1940", -1, -1}, {"1900", 0, 1900},  {"1900", 99, 1999}, {"1999", 98, 2098},

@@ -62,11 +62,7 @@ TEST(HostMissing, PatternsCharactersAndNotation) {
     EXPECT_EQ(std::bit_cast<unsigned long long>(MISSING) >> 48, 0xFFFFu);
     EXPECT_NE(MISSING, MISSING);  // every missing value is a NaN
 
-    struct Case {
-        const char* text;
-        bool found;
-        char character;
-    };
+    struct Case { const char* text; bool found; char character; };
     const Case cases[] = {{".", true, '.'}, {"._", true, '_'}, {".a", true, 'A'}, {".Q", true, 'Q'}, {"", false, 0},
                           {"..", false, 0}, {".1", false, 0},  {"A", false, 0},   {". ", false, 0}, {".AB", false, 0},
                           {"_", false, 0}};
@@ -171,11 +167,8 @@ std::string optionsOf(kivo::ServiceLocator& locator) {
 }
 
 TEST(HostServices, EnvironmentValuesAreCheckedAsTheyAreRead) {
-    struct Case {
-        const char* variable;
-        const char* value;
-        const char* options;  // what the locator holds afterwards; the defaults when the value is refused
-    };
+    // options: what the locator holds afterwards, the defaults when the value is refused.
+    struct Case { const char* variable; const char* value; const char* options; };
     const char* const defaults = "locale/1940/mdy/.";
     const Case cases[] = {
         {"KIVO_DATESTYLE", "DMY", "DMY/1940/mdy/."}, {"KIVO_DATESTYLE", "xyz", defaults},

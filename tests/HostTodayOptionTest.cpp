@@ -11,10 +11,8 @@ namespace {
 using kivo::test::day;
 
 TEST(HostTodayOption, TakesRealDaysWrittenYearMonthDay) {
-    struct Case {
-        const char* text;
-        double serial;  // 0: refused
-    };
+    // A serial of 0 stands for a refused text.
+    struct Case { const char* text; double serial; };
     const Case cases[] = {
         {"2021-03-17", day(2021, 3, 17)}, {"1582-01-01", day(1582, 1, 1)}, {"2020-02-29", day(2020, 2, 29)},
         {"20000-12-31", day(20000, 12, 31)}, {"2021-02-29", 0}, {"1581-12-31", 0}, {"20001-01-01", 0},

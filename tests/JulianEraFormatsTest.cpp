@@ -64,12 +64,7 @@ std::string packedHex(KivoFormatFunction format, int width, double value) {
 }
 
 TEST(PackedJulianFormats, BytesByWidth) {
-    struct Case {
-        KivoFormatFunction format;
-        int width;
-        double value;
-        const char* expected;
-    };
+    struct Case { KivoFormatFunction format; int width; double value; const char* expected; };
     // Nines when the year does not fit (PDJULI counts years from 1900, so 121 need two bytes); zeros for
     // a missing value and for a date that is not valid, before 1900 for PDJULI.
     const Case cases[] = {

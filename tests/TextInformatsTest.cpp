@@ -34,17 +34,11 @@ protected:
     kivo::test::OwnServices services_;
 };
 
-struct TextCase {
-    const char* text;
-    double expected;  // REJECTED, or the value stored
-};
+// expected is REJECTED or the value stored.
+struct TextCase { const char* text; double expected; };
 
 // The texts of one informat.
-struct InformatTable {
-    KivoInformatFunction informat;
-    const char* name;
-    std::vector<TextCase> cases;
-};
+struct InformatTable { KivoInformatFunction informat; const char* name; std::vector<TextCase> cases; };
 
 void expectReadings(const InformatTable& table) {
     for (const TextCase& c : table.cases) {

@@ -16,12 +16,7 @@ using kivo::test::day;
 constexpr double ANY = -999;  // a rejected row's value is not looked at
 
 // One row: the text, whether the reader takes it, the value and how many characters it consumed.
-struct ReaderCase {
-    const char* text;
-    bool ok;
-    double value;
-    long consumed;
-};
+struct ReaderCase { const char* text; bool ok; double value; long consumed; };
 
 // Runs read(cursor, end, value) over an exact copy of each row's text; a consumed count of -1 is not
 // checked.

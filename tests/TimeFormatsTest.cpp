@@ -113,12 +113,7 @@ TEST(NumberOfLeadingZeroes, Thresholds) {
     EXPECT_EQ(numberOfLeadingZeroes(0.0), 15);
 }
 
-struct RealNumberCase {
-    double x;
-    int intWidth;
-    int decimals;
-    const char* expected;
-};
+struct RealNumberCase { double x; int intWidth; int decimals; const char* expected; };
 
 class WriteRealNumber : public testing::TestWithParam<RealNumberCase> {};
 
