@@ -6,13 +6,12 @@
 #include <cstring>
 #include <string>
 
+#include "HostSupport.h"
 #include "formats/datetime_formats/AnydtParseInfo.h"
 #include "formats/datetime_formats/AnydtReadings.h"
 #include "kivo/AnydtInformats.h"
 #include "kivo/Informats.h"
-#include "kivox/Calendar.h"
 #include "kivox/Missing.h"
-#include "kivox/Services.h"
 
 namespace {
 
@@ -23,90 +22,52 @@ constexpr AnydtType TIME = kivo::ANYDT_TIME;
 constexpr AnydtType MISSING = kivo::ANYDT_MISSING;
 constexpr double NONE = 1e300;  // stands for the ordinary missing value in the tables
 
-double day(int y, int m, int d) { return static_cast<double>(kivo::Date(y, m, d)); }
+using kivo::test::day;
 double at(int y, int m, int d, double seconds) { return day(y, m, d) * 86400 + seconds; }
 std::uint64_t bits(double x) { return std::bit_cast<std::uint64_t>(x); }
 
 // Each test reads under a locator of its own; styles and cutoffs set here never leak.
 class AnydtTest : public ::testing::Test {
 protected:
-    void SetUp() override { previous_ = kivo::ServiceLocator::setCurrent(&locator_); }
-    void TearDown() override { kivo::ServiceLocator::setCurrent(previous_); }
     void use(const char* style, const char* cutoff) {
-        ASSERT_TRUE(locator_.systemOptions().setOption("datestyle", style));
-        ASSERT_TRUE(locator_.systemOptions().setOption("yearcutoff", cutoff));
+        ASSERT_TRUE(services_.options().setOption("datestyle", style));
+        ASSERT_TRUE(services_.options().setOption("yearcutoff", cutoff));
     }
-    kivo::ServiceLocator locator_;
-    kivo::ServiceLocator* previous_ = nullptr;
+    kivo::test::OwnServices services_;
 };
 
 struct ReadCase {
-    const char* style;
-    const char* cutoff;
     const char* field;
     double result;  // NONE: not recognised (missing result, type datetime)
     AnydtType type;
+    const char* style = "mdy";
+    const char* cutoff = "1940";
 };
 
+// Digits that fit all three rare orders (dym, myd, ydm) read as the number they spell.
 const ReadCase READ_CASES[] = {
-    {"mdy", "1940", "20000115", day(2000, 1, 15), DATE},
-    {"dmy", "1940", "010203", day(2003, 2, 1), DATE},
-    {"mdy", "1940", "010203", day(2003, 1, 2), DATE},
-    {"ymd", "1940", "010203", day(2001, 2, 3), DATE},
-    {"dym", "1940", "010203", 10203, DATE},  // the three rare orders all fit: the digits themselves
-    {"ymd", "1940", "311399", 311399, DATE},
-    {"dmy", "1940", "15001399", 15001399, DATE},
-    {"dmy", "1940", "13010050", day(1950, 1, 13), DATE},
-    {"myd", "1940", "13010050", 13010050, DATE},
-    {"mdy", "1940", "13010050", NONE, DATETIME},
-    {"dmy", "1940", "20012000", NONE, DATETIME},
-    {"mdy", "1940", "1234567", NONE, DATETIME},
-    {"mdy", "1940", "99001", day(1999, 1, 1), DATE},
-    {"mdy", "2000", "99001", day(2099, 1, 1), DATE},
-    {"mdy", "1940", "2000015", day(2000, 1, 15), DATE},
-    {"dmy", "1940", "01/02/03", day(2003, 2, 1), DATE},
-    {"dmy", "1900", "01/02/03", day(1903, 2, 1), DATE},
-    {"dym", "1940", "01 02 03", day(2002, 3, 1), DATE},
-    {"myd", "1940", "01.02.03", day(2002, 1, 3), DATE},
-    {"ydm", "1940", "01-02-03", day(2001, 3, 2), DATE},
-    {"ymd", "1940", "2000-01-15", day(2000, 1, 15), DATE},
-    {"mdy", "1940", "01/15/2000", day(2000, 1, 15), DATE},
-    {"mdy", "1940", "1.30.00", day(2000, 1, 30), DATE},
-    {"mdy", "1940", "01/02-03", NONE, DATETIME},
-    {"mdy", "1940", "15JAN2000", day(2000, 1, 15), DATE},
-    {"mdy", "1950", "15-JAN-00", day(2000, 1, 15), DATE},
-    {"mdy", "1900", "15 jan 00", day(1900, 1, 15), DATE},
-    {"mdy", "1940", "2000 JAN 15", day(2000, 1, 15), DATE},
-    {"mdy", "1940", "JAN 15 2000", day(2000, 1, 15), DATE},
-    {"mdy", "1940", "JAN 15 00", NONE, DATETIME},
-    {"mdy", "1940", "JAN2000", day(2000, 1, 1), DATE},
-    {"mdy", "1940", "jan 2000", day(2000, 1, 1), DATE},
-    {"mdy", "1940", "JANUARY2000", NONE, DATETIME},
-    {"mdy", "1940", "01/2000", day(2000, 1, 1), DATE},
-    {"mdy", "1940", "1/2000", NONE, DATETIME},
-    {"mdy", "1940", "12:30", 45000, TIME},
-    {"mdy", "1940", "12:30 AM", 1800, TIME},
-    {"mdy", "1940", "12:30 PM", 45000, TIME},
-    {"mdy", "1940", "1:30 PM", 48600, TIME},
-    {"mdy", "1940", "10:30p", 81000, TIME},
-    {"mdy", "1940", "-1:30", -5400, TIME},
-    {"mdy", "1940", "-1:30:15", -5415, TIME},
-    {"mdy", "1940", "1.30", NONE, DATETIME},
-    {"mdy", "1940", "1:30-", NONE, DATETIME},
-    {"mdy", "1940", "10:30:15.25", 37815.25, TIME},
-    {"mdy", "1940", "10:30:15.05", 37815.05, TIME},
-    {"mdy", "1940", "25:75:99", 94599, TIME},
-    {"mdy", "1940", "2000-01-15T10:30:00", at(2000, 1, 15, 37800), DATETIME},
-    {"mdy", "1940", "15JAN2000:10:30:00", at(2000, 1, 15, 37800), DATETIME},
-    {"mdy", "1940", "JAN 15 00 10:00", at(2000, 1, 15, 36000), DATETIME},
-    {"mdy", "1940", "20000115 10:30:00", at(2000, 1, 15, 37800), DATETIME},
-    {"mdy", "1940", "20000115 10:30:00.5", at(2000, 1, 15, 37800.5), DATETIME},
-    {"mdy", "1940", "-20000115 10:30:00", NONE, DATETIME},
-    {"mdy", "1940", "(20000115 10:30:00.5", NONE, DATETIME},
-    {"mdy", "1940", "01/15/2000 10:30 PM", at(2000, 1, 15, 81000), DATETIME},
-    {"mdy", "1940", "01/15/2000 10:30 XM", NONE, DATETIME},
-    {"mdy", "1940", "  .  ", kivo::lum_numeric::MISSING, MISSING},
-    {"mdy", "1940", "", NONE, DATETIME},
+    {"20000115", day(2000, 1, 15), DATE}, {"010203", day(2003, 2, 1), DATE, "dmy"}, {"010203", day(2003, 1, 2), DATE},
+    {"010203", day(2001, 2, 3), DATE, "ymd"}, {"010203", 10203, DATE, "dym"}, {"311399", 311399, DATE, "ymd"},
+    {"15001399", 15001399, DATE, "dmy"}, {"13010050", day(1950, 1, 13), DATE, "dmy"},
+    {"13010050", 13010050, DATE, "myd"}, {"13010050", NONE, DATETIME}, {"20012000", NONE, DATETIME, "dmy"},
+    {"1234567", NONE, DATETIME}, {"99001", day(1999, 1, 1), DATE}, {"99001", day(2099, 1, 1), DATE, "mdy", "2000"},
+    {"2000015", day(2000, 1, 15), DATE}, {"01/02/03", day(2003, 2, 1), DATE, "dmy"},
+    {"01/02/03", day(1903, 2, 1), DATE, "dmy", "1900"}, {"01 02 03", day(2002, 3, 1), DATE, "dym"},
+    {"01.02.03", day(2002, 1, 3), DATE, "myd"}, {"01-02-03", day(2001, 3, 2), DATE, "ydm"},
+    {"2000-01-15", day(2000, 1, 15), DATE, "ymd"}, {"01/15/2000", day(2000, 1, 15), DATE},
+    {"1.30.00", day(2000, 1, 30), DATE}, {"01/02-03", NONE, DATETIME}, {"15JAN2000", day(2000, 1, 15), DATE},
+    {"15-JAN-00", day(2000, 1, 15), DATE, "mdy", "1950"}, {"15 jan 00", day(1900, 1, 15), DATE, "mdy", "1900"},
+    {"2000 JAN 15", day(2000, 1, 15), DATE}, {"JAN 15 2000", day(2000, 1, 15), DATE}, {"JAN 15 00", NONE, DATETIME},
+    {"JAN2000", day(2000, 1, 1), DATE}, {"jan 2000", day(2000, 1, 1), DATE}, {"JANUARY2000", NONE, DATETIME},
+    {"01/2000", day(2000, 1, 1), DATE}, {"1/2000", NONE, DATETIME}, {"12:30", 45000, TIME}, {"12:30 AM", 1800, TIME},
+    {"12:30 PM", 45000, TIME}, {"1:30 PM", 48600, TIME}, {"10:30p", 81000, TIME}, {"-1:30", -5400, TIME},
+    {"-1:30:15", -5415, TIME}, {"1.30", NONE, DATETIME}, {"1:30-", NONE, DATETIME}, {"10:30:15.25", 37815.25, TIME},
+    {"10:30:15.05", 37815.05, TIME}, {"25:75:99", 94599, TIME},
+    {"2000-01-15T10:30:00", at(2000, 1, 15, 37800), DATETIME}, {"15JAN2000:10:30:00", at(2000, 1, 15, 37800), DATETIME},
+    {"JAN 15 00 10:00", at(2000, 1, 15, 36000), DATETIME}, {"20000115 10:30:00", at(2000, 1, 15, 37800), DATETIME},
+    {"20000115 10:30:00.5", at(2000, 1, 15, 37800.5), DATETIME}, {"-20000115 10:30:00", NONE, DATETIME},
+    {"(20000115 10:30:00.5", NONE, DATETIME}, {"01/15/2000 10:30 PM", at(2000, 1, 15, 81000), DATETIME},
+    {"01/15/2000 10:30 XM", NONE, DATETIME}, {"  .  ", kivo::lum_numeric::MISSING, MISSING}, {"", NONE, DATETIME},
 };
 
 TEST_F(AnydtTest, LayoutsUnderStylesAndCutoffs) {
@@ -137,40 +98,18 @@ TEST_F(AnydtTest, SpecialMissingAndFieldBounds) {
     EXPECT_EQ(result, 45000);
 }
 
-TEST_F(AnydtTest, DateStyleChangeTakesEffectAtOnce) {
-    double first = 0;
-    double second = 0;
-    use("dmy", "1940");
-    anydtdteInformat("01/02/2003", 10, 0, 0, &first);
-    use("mdy", "1940");
-    anydtdteInformat("01/02/2003", 10, 0, 0, &second);
-    EXPECT_EQ(first, day(2003, 2, 1));
-    EXPECT_EQ(second, day(2003, 1, 2));
-}
-
-struct ConversionCase {
-    KivoInformatFunction informat;
-    const char* field;
-    double result;  // NONE: the ordinary missing value
-};
+// A result of NONE stands for the ordinary missing value.
+struct ConversionCase { KivoInformatFunction informat; const char* field; double result; };
 
 TEST_F(AnydtTest, InformatsConvertByType) {
     use("mdy", "1940");
     const ConversionCase cases[] = {
-        {anydtdteInformat, "15JAN2000", day(2000, 1, 15)},
-        {anydtdteInformat, "2000-01-15T10:30:00", day(2000, 1, 15)},
-        {anydtdteInformat, "10:30", 0},
-        {anydtdteInformat, ".", 0},
-        {anydtdteInformat, "JAN FEB", NONE},
-        {anydtdtmInformat, "15JAN2000", at(2000, 1, 15, 0)},
-        {anydtdtmInformat, "1:30 PM", 48600},
-        {anydtdtmInformat, "2000-01-15T10:30:00", at(2000, 1, 15, 37800)},
-        {anydtdtmInformat, ".", NONE},
-        {anydttmeInformat, "2000-01-15T10:30:00", 37800},
-        {anydttmeInformat, "15JAN2000", 0},
-        {anydttmeInformat, "-1:30", -5400},
-        {anydttmeInformat, ".", NONE},
-        {anydttmeInformat, "garbage", NONE},
+        {anydtdteInformat, "15JAN2000", day(2000, 1, 15)}, {anydtdteInformat, "2000-01-15T10:30:00", day(2000, 1, 15)},
+        {anydtdteInformat, "10:30", 0}, {anydtdteInformat, ".", 0}, {anydtdteInformat, "JAN FEB", NONE},
+        {anydtdtmInformat, "15JAN2000", at(2000, 1, 15, 0)}, {anydtdtmInformat, "1:30 PM", 48600},
+        {anydtdtmInformat, "2000-01-15T10:30:00", at(2000, 1, 15, 37800)}, {anydtdtmInformat, ".", NONE},
+        {anydttmeInformat, "2000-01-15T10:30:00", 37800}, {anydttmeInformat, "15JAN2000", 0},
+        {anydttmeInformat, "-1:30", -5400}, {anydttmeInformat, ".", NONE}, {anydttmeInformat, "garbage", NONE},
     };
     for (const ConversionCase& c : cases) {
         double result = 12345;

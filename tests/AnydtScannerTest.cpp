@@ -4,15 +4,17 @@
 #include <string>
 #include <vector>
 
+#include "HostSupport.h"
 #include "formats/datetime_formats/AnydtDateStyle.h"
 #include "formats/datetime_formats/AnydtParseInfo.h"
 #include "kivo/AnydtInformats.h"
 #include "kivo/DefaultSeparators.h"
-#include "kivox/Services.h"
 
 namespace {
 
 using namespace kivo::anydt;
+
+constexpr std::uint32_t BLANK = ST_BLANK_SEP;
 
 struct ScanCase {
     std::string field;
@@ -22,32 +24,23 @@ struct ScanCase {
     std::vector<std::uint32_t> separators;  // slots 0..valCount
 };
 
+// One blank in front makes a run a blank separator even with punctuation after it ("1 - 2"); two do not.
 const ScanCase SCAN_CASES[] = {
     {"12JAN2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_NONE, ST_NONE, ST_NONE}},
-    {"12 JAN 2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_BLANK_SEP, ST_BLANK_SEP, ST_NONE}},
+    {"12 JAN 2000", true, 1, {12, 1, 2000}, {ST_NONE, BLANK, BLANK, ST_NONE}},
     {"12  JAN\t2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_BLANK_BEFORE, ST_BLANK_BEFORE, ST_NONE}},
-    {"2000-01-15T10:30", true, -1, {2000, 1, 15, 10, 30}, {0, ST_DASH, ST_DASH, ST_BLANK_SEP, ST_COLON, 0}},
+    {"2000-01-15T10:30", true, -1, {2000, 1, 15, 10, 30}, {0, ST_DASH, ST_DASH, BLANK, ST_COLON, 0}},
     {"10:30 pm", true, -1, {10, 30}, {0, ST_COLON, ST_PM | ST_BLANK_BEFORE}},
-    {"10:30P", true, -1, {10, 30}, {0, ST_COLON, ST_PM}},
-    {"9a", true, -1, {9}, {0, ST_AM}},
-    // One blank in front makes the run a blank separator even with punctuation after it; two do not.
-    {"1 - 2", true, -1, {1, 2}, {0, ST_BLANK_SEP, 0}},
+    {"10:30P", true, -1, {10, 30}, {0, ST_COLON, ST_PM}}, {"9a", true, -1, {9}, {0, ST_AM}},
+    {"1 - 2", true, -1, {1, 2}, {0, BLANK, 0}},
     {"1  - 2", true, -1, {1, 2}, {0, ST_DASH | ST_BLANK_BEFORE | ST_BLANK_AFTER, 0}},
-    {"1,2,3", true, -1, {1, 2, 3}, {0, 0x42C, 0x42C, 0}},
-    {"1-/2", true, -1, {1, 2}, {0, ST_MULTI, 0}},
-    {"1\xE9" "2", true, -1, {1, 2}, {0, ST_PUNCT | 0xE9, 0}},
-    {"Septemberx5", false, 0, {}, {}},
-    {"sept 5", true, 0, {9, 5}, {0, ST_BLANK_SEP, 0}},
-    {"JA 2000", false, 0, {}, {}},
-    {"MAYBE", false, 0, {}, {}},
+    {"1,2,3", true, -1, {1, 2, 3}, {0, 0x42C, 0x42C, 0}}, {"1-/2", true, -1, {1, 2}, {0, ST_MULTI, 0}},
+    {"1\xE9" "2", true, -1, {1, 2}, {0, ST_PUNCT | 0xE9, 0}}, {"Septemberx5", false, 0, {}, {}},
+    {"sept 5", true, 0, {9, 5}, {0, BLANK, 0}}, {"JA 2000", false, 0, {}, {}}, {"MAYBE", false, 0, {}, {}},
     {"JAN FEB", false, 0, {}, {}},
-    {"1 2 3 4 5 6 7", true, -1, {1, 2, 3, 4, 5, 6, 7}, {0, ST_BLANK_SEP, ST_BLANK_SEP, ST_BLANK_SEP, ST_BLANK_SEP,
-                                                         ST_BLANK_SEP, ST_BLANK_SEP, 0}},
-    {"1 2 3 4 5 6 7 8", false, 0, {}, {}},
-    {"9223372036854775807", true, -1, {9223372036854775807LL}, {0, 0}},
-    {"9223372036854775808", false, 0, {}, {}},
-    {"12T-5", false, 0, {}, {}},
-    {"", true, -1, {}, {0}},
+    {"1 2 3 4 5 6 7", true, -1, {1, 2, 3, 4, 5, 6, 7}, {0, BLANK, BLANK, BLANK, BLANK, BLANK, BLANK, 0}},
+    {"1 2 3 4 5 6 7 8", false, 0, {}, {}}, {"9223372036854775807", true, -1, {9223372036854775807LL}, {0, 0}},
+    {"9223372036854775808", false, 0, {}, {}}, {"12T-5", false, 0, {}, {}}, {"", true, -1, {}, {0}},
 };
 
 TEST(AnydtScanner, ClassifiesValuesAndSeparators) {
@@ -101,31 +94,28 @@ TEST(AnydtScanner, SeparatorTableHoldsExactlyTheListedCharacters) {
 
 class DateStyleTest : public ::testing::Test {
 protected:
-    void SetUp() override { previous_ = kivo::ServiceLocator::setCurrent(&locator_); }
-    void TearDown() override { kivo::ServiceLocator::setCurrent(previous_); }
-    kivo::ServiceLocator locator_;
-    kivo::ServiceLocator* previous_ = nullptr;
+    kivo::test::OwnServices services_;
 };
 
 TEST_F(DateStyleTest, ReadsTheOptionAndTheLocale) {
     const std::pair<const char*, DateStyle> cases[] = {{"dmy", DMY}, {"DYM", DYM}, {"Mdy", MDY},
                                                        {"myd", MYD}, {"ydm", YDM}, {"yMD", YMD}};
     for (const auto& [text, style] : cases) {
-        locator_.systemOptions().setOption("datestyle", text);
+        services_.options().setOption("datestyle", text);
         EXPECT_EQ(readDateStyle(), style) << text;
     }
-    locator_.systemOptions().setOption("datestyle", "LOCALE");
-    locator_.nationalLanguageSupport().setDateStyle("ydm");
+    services_.options().setOption("datestyle", "LOCALE");
+    services_.locator().nationalLanguageSupport().setDateStyle("ydm");
     EXPECT_EQ(readDateStyle(), YDM);
 }
 
 TEST_F(DateStyleTest, IllegalStylesStopTheProcess) {
     for (const char* text : {"md", "mdyx", "", "dmy "}) {
-        locator_.systemOptions().setOption("datestyle", text);
+        services_.options().setOption("datestyle", text);
         EXPECT_DEATH(readDateStyle(), "illegal datestyle.*AnydtInformats.*77") << '"' << text << '"';
     }
-    locator_.systemOptions().setOption("datestyle", "locale");
-    locator_.nationalLanguageSupport().setDateStyle("");
+    services_.options().setOption("datestyle", "locale");
+    services_.locator().nationalLanguageSupport().setDateStyle("");
     EXPECT_DEATH(readDateStyle(), "illegal datestyle");
 }
 

@@ -66,12 +66,31 @@ inline std::vector<FieldCase> rows(std::initializer_list<std::vector<FieldCase>>
     return all;
 }
 
+// The fields of one value at consecutive widths from `first`, decimals 0.
+inline std::vector<FieldCase> widthRows(KivoFormatFunction format, const char* name, int first, double value,
+                                        std::initializer_list<const char*> fields) {
+    std::vector<FieldCase> cases;
+    for (const char* expected : fields) {
+        cases.push_back({format, name, first++, 0, value, expected});
+    }
+    return cases;
+}
+
+// The parameterised test of a format table: class TimeFormats : public FormatTable {}; then
+// TEST_P(TimeFormats, WritesTheField) { expectRow(); } and the table's INSTANTIATE_TEST_SUITE_P.
+class FormatTable : public testing::TestWithParam<FieldCase> {
+protected:
+    void expectRow() {
+        const FieldCase& c = GetParam();
+        EXPECT_EQ(formatField(c.format, c.width, c.decimals, c.value), c.expected);
+    }
+};
+
 }  // namespace kivo::test
 
 // The rows of one format, whose function and name come from one token, so that they cannot disagree:
 // FORMAT_ROWS(date, {9, 0, 22356, "17MAR2021"}, {11, 0, 0, "01-JAN-1960"}).
 #define FORMAT_ROWS(stem, ...) ::kivo::test::formatRows(stem##Format, #stem, {__VA_ARGS__})
-
-namespace kivo::test {
-
-}  // namespace kivo::test
+// The fields of one value at consecutive widths: FORMAT_WIDTHS(date, 5, 0, "01JAN", " 01JAN", "01JAN60").
+#define FORMAT_WIDTHS(stem, first, value, ...) \
+    ::kivo::test::widthRows(stem##Format, #stem, first, value, {__VA_ARGS__})

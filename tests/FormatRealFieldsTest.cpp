@@ -1,3 +1,5 @@
+// The real field record: the digits writeDigitBuffer makes of a plan, the text outputReal and
+// outputSeparatedReal write, equality and the invariant.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -9,11 +11,8 @@ namespace {
 
 using kivo::format::FormatRealFields;
 
-struct Plan {
-    int leadingZeroes, numDigits, pointPosition;
-    bool point;
-    int exponent, exponentDigits;
-};
+// The fields of a record that a layout plans before its digits are written.
+struct Plan { int leadingZeroes, numDigits, pointPosition; bool point; int exponent, exponentDigits; };
 
 FormatRealFields planned(const Plan& p, const char* digits = "") {
     FormatRealFields f;
@@ -27,17 +26,15 @@ FormatRealFields planned(const Plan& p, const char* digits = "") {
     return f;
 }
 
-std::string written(const FormatRealFields& f, FormatRealFields::NegativePosition where) {
+// The text outputReal writes with the sign at `where`, or outputSeparatedReal when `where` is -1.
+std::string written(const FormatRealFields& f, int where) {
     char buffer[80];
     char* out = buffer;
-    f.outputReal(out, '.', '-', where);
-    return std::string(buffer, static_cast<std::size_t>(out - buffer));
-}
-
-std::string separated(const FormatRealFields& f) {
-    char buffer[80];
-    char* out = buffer;
-    f.outputSeparatedReal(out, '.', ',', '-');
+    if (where < 0) {
+        f.outputSeparatedReal(out, '.', ',', '-');
+    } else {
+        f.outputReal(out, '.', '-', static_cast<FormatRealFields::NegativePosition>(where));
+    }
     return std::string(buffer, static_cast<std::size_t>(out - buffer));
 }
 
@@ -46,32 +43,31 @@ struct DigitCase {
     const char* name;
     double value;
     Plan plan;
-    double fuzz;
     bool fitted;
     const char* digits;
     int leadingZeroes, trailingZeroes, pointPosition, exponent;
+    double fuzz = 5e-16;
 };
 
+// 2^52 + 1 plus a half would round to even, 2^52 + 2: a whole value gets no half.
 const DigitCase DIGIT_CASES[] = {
-    {"half rounds up", 2.5, {0, 1, 1, false, 0, 0}, 5e-16, true, "3", 0, 0, 1, 0},
-    // 2^52 + 1 plus a half would round to even, 2^52 + 2: a whole value gets no half.
-    {"whole value gets no half", 4503599627370497.0, {0, 16, 16, false, 0, 0}, 5e-16, true, "4503599627370497", 0,
-     0, 16, 0},
-    {"low zeros become trailing zeros", 1.2, {0, 4, 1, true, 0, 0}, 5e-16, true, "12", 0, 2, 1, 0},
-    {"everything rounds away", 0.0004, {0, 2, 0, true, 0, 0}, 5e-16, true, "", 0, 2, 0, 0},
-    {"fuzz lifts a binary near half", 1.005, {0, 3, 1, true, 0, 0}, 5e-16, true, "101", 0, 0, 1, 0},
-    {"no fuzz no lift", 1.005, {0, 3, 1, true, 0, 0}, 0.0, true, "1", 0, 2, 1, 0},
-    {"carry grows the integer part", 9.96, {0, 2, 1, true, 0, 0}, 5e-16, false, "1", 0, 2, 2, 0},
-    {"carry taken by a spare leading zero", 9.96, {1, 2, 2, true, 0, 0}, 5e-16, true, "1", 0, 2, 2, 0},
-    {"carry into the exponent without point", 999600.0, {0, 3, 3, false, 3, 1}, 5e-16, false, "1", 0, 0, 1, 6},
-    {"carry into the exponent with point", 999600.0, {0, 3, 1, true, 5, 1}, 5e-16, false, "1", 0, 2, 1, 6},
-    {"two limbs 2 pow 60", 1152921504606846976.0, {0, 19, 19, false, 0, 0}, 5e-16, true, "1152921504606846976", 0,
-     0, 19, 0},
-    {"two limbs 2 pow 100", 1267650600228229401496703205376.0, {0, 31, 31, false, 0, 0}, 5e-16, true,
+    {"half rounds up", 2.5, {0, 1, 1, false, 0, 0}, true, "3", 0, 0, 1, 0},
+    {"whole value gets no half", 4503599627370497.0, {0, 16, 16, false, 0, 0}, true, "4503599627370497", 0, 0, 16, 0},
+    {"low zeros become trailing zeros", 1.2, {0, 4, 1, true, 0, 0}, true, "12", 0, 2, 1, 0},
+    {"everything rounds away", 0.0004, {0, 2, 0, true, 0, 0}, true, "", 0, 2, 0, 0},
+    {"fuzz lifts a binary near half", 1.005, {0, 3, 1, true, 0, 0}, true, "101", 0, 0, 1, 0},
+    {"no fuzz no lift", 1.005, {0, 3, 1, true, 0, 0}, true, "1", 0, 2, 1, 0, 0.0},
+    {"no lift of a tenth of a unit", 200000000000000.46875, {0, 15, 15, false, 0, 0}, true, "2", 0, 14, 15, 0},
+    {"carry grows the integer part", 9.96, {0, 2, 1, true, 0, 0}, false, "1", 0, 2, 2, 0},
+    {"carry taken by a spare leading zero", 9.96, {1, 2, 2, true, 0, 0}, true, "1", 0, 2, 2, 0},
+    {"carry into the exponent without point", 999600.0, {0, 3, 3, false, 3, 1}, false, "1", 0, 0, 1, 6},
+    {"carry into the exponent with point", 999600.0, {0, 3, 1, true, 5, 1}, false, "1", 0, 2, 1, 6},
+    {"two limbs 2 pow 60", 1152921504606846976.0, {0, 19, 19, false, 0, 0}, true, "1152921504606846976", 0, 0, 19, 0},
+    {"two limbs 2 pow 100", 1267650600228229401496703205376.0, {0, 31, 31, false, 0, 0}, true,
      "1267650600228229401496703205376", 0, 0, 31, 0},
-    {"two limbs nearest 1e17 multiple", 123456789012345678.0, {0, 18, 18, false, 0, 0}, 5e-16, true,
-     "12345678901234568", 0, 1, 18, 0},
-    {"subnormal scaled in two steps", 1e-320, {0, 3, 1, true, -320, 3}, 5e-16, true, "1", 0, 2, 1, -320},
+    {"two limbs nearest 1e17 multiple", 123456789012345678.0, {0, 18, 18, false, 0, 0}, true, "12345678901234568", 0,
+     1, 18, 0},
+    {"subnormal scaled in two steps", 1e-320, {0, 3, 1, true, -320, 3}, true, "1", 0, 2, 1, -320},
 };
 
 class WriteDigitBuffer : public ::testing::TestWithParam<DigitCase> {};
@@ -90,27 +86,31 @@ TEST_P(WriteDigitBuffer, ProducesThePlannedDigits) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, WriteDigitBuffer, ::testing::ValuesIn(DIGIT_CASES));
 
+// A planned record with its digits, as outputReal (sign at `where`) or outputSeparatedReal (-1) writes
+// it.
 struct OutputCase {
     const char* expected;
-    int leadingBlanks;
-    bool negative;
     Plan plan;
     const char* digits;
-    int trailingZeroes;
-    bool exponentSign;
-    int where;
+    int where = 0;
+    int leadingBlanks = 0;
+    bool negative = false;
+    int trailingZeroes = 0;
+    bool exponentSign = false;
 };
 
+// The point can sit inside the leading or the trailing zeros; exponent digits beyond those planned are
+// lost; a sign is written only at its own position; a separated short integer part still gets a group.
 const OutputCase OUTPUT_CASES[] = {
-    {"  0.005", 2, false, {3, 1, 1, true, 0, 0}, "5", 0, false, 0},  // point inside the leading zeros
-    {".25", 0, false, {0, 2, 0, true, 0, 0}, "25", 0, false, 0},
-    {"12.", 0, false, {0, 2, 2, true, 0, 0}, "12", 0, false, 0},
-    {"1200.0", 0, false, {0, 2, 4, true, 0, 0}, "12", 3, false, 0},  // point inside the trailing zeros
-    {" -1.5E+05", 1, true, {0, 2, 1, true, 5, 2}, "15", 0, true, 0},
-    {"1E-100-", 0, true, {0, 1, 1, false, -100, 3}, "1", 0, true, 1},
-    {"12E9", 0, false, {0, 2, 2, false, 9, 1}, "12", 0, false, 0},
-    {"1E23", 0, false, {0, 1, 1, false, 123, 2}, "1", 0, false, 0},  // high exponent digits lost
-    {"7", 0, true, {0, 1, 1, false, 0, 0}, "7", 0, false, 2},        // no sign for another position
+    {"  0.005", {3, 1, 1, true, 0, 0}, "5", 0, 2}, {".25", {0, 2, 0, true, 0, 0}, "25"},
+    {"12.", {0, 2, 2, true, 0, 0}, "12"}, {"1200.0", {0, 2, 4, true, 0, 0}, "12", 0, 0, false, 3},
+    {" -1.5E+05", {0, 2, 1, true, 5, 2}, "15", 0, 1, true, 0, true},
+    {"1E-100-", {0, 1, 1, false, -100, 3}, "1", 1, 0, true, 0, true}, {"12E9", {0, 2, 2, false, 9, 1}, "12"},
+    {"1E23", {0, 1, 1, false, 123, 2}, "1"}, {"7", {0, 1, 1, false, 0, 0}, "7", 2, 0, true},
+    {"1,234,567", {0, 7, 7, false, 0, 0}, "1234567", -1}, {"1,200,000", {0, 2, 7, false, 0, 0}, "12", -1, 0, false, 5},
+    {"123,456", {0, 6, 6, false, 0, 0}, "123456", -1}, {"1,234.567", {0, 7, 4, true, 0, 0}, "1234567", -1},
+    {"1,200.00", {0, 2, 4, true, 0, 0}, "12", -1, 0, false, 4}, {"12,345", {0, 2, 2, false, 0, 0}, "12345", -1},
+    {"  -1,234", {0, 4, 4, false, 0, 0}, "1234", -1, 2, true},
 };
 
 class OutputReal : public ::testing::TestWithParam<OutputCase> {};
@@ -122,46 +122,14 @@ TEST_P(OutputReal, WritesTheField) {
     f.isNegative = c.negative;
     f.trailingZeroes = c.trailingZeroes;
     f.showExponentSign = c.exponentSign;
-    EXPECT_EQ(written(f, static_cast<FormatRealFields::NegativePosition>(c.where)), c.expected);
+    EXPECT_EQ(written(f, c.where), c.expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, OutputReal, ::testing::ValuesIn(OUTPUT_CASES));
 
-struct SeparatedCase {
-    const char* expected;
-    const char* digits;
-    int numDigits, trailingZeroes, pointPosition;
-    bool point;
-};
-
-const SeparatedCase SEPARATED_CASES[] = {
-    {"1,234,567", "1234567", 7, 0, 7, false}, {"1,200,000", "12", 2, 5, 7, false},
-    {"123,456", "123456", 6, 0, 6, false},    {"1,234.567", "1234567", 7, 0, 4, true},
-    {"1,200.00", "12", 2, 4, 4, true},
-    {"12,345", "12345", 2, 0, 2, false},  // a short integer part still gets one group
-};
-
-class OutputSeparatedReal : public ::testing::TestWithParam<SeparatedCase> {};
-
-TEST_P(OutputSeparatedReal, GroupsTheIntegerPart) {
-    const SeparatedCase& c = GetParam();
-    FormatRealFields f = planned({0, c.numDigits, c.pointPosition, c.point, 0, 0}, c.digits);
-    f.trailingZeroes = c.trailingZeroes;
-    EXPECT_EQ(separated(f), c.expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, OutputSeparatedReal, ::testing::ValuesIn(SEPARATED_CASES));
-
-TEST(OutputSeparatedReal, SignAfterTheBlanks) {
-    FormatRealFields f = planned({0, 4, 4, false, 0, 0}, "1234");
-    f.leadingBlanks = 2;
-    f.isNegative = true;
-    EXPECT_EQ(separated(f), "  -1,234");
-}
-
 TEST(OutputSeparatedRealDeathTest, NegativePointPositionIsReported) {
-    FormatRealFields f = planned({0, 1, -1, false, 0, 0}, "1");
-    EXPECT_DEATH(separated(f), "kivoFail: false \\[src/formats/FormatRealFields:318\\]");
+    EXPECT_DEATH(written(planned({0, 1, -1, false, 0, 0}, "1"), -1),
+                 "kivoFail: false \\[src/formats/FormatRealFields:318\\]");
 }
 
 TEST(FormatRealFieldsRecord, EqualityIgnoresUnusedDigits) {
@@ -172,17 +140,19 @@ TEST(FormatRealFieldsRecord, EqualityIgnoresUnusedDigits) {
     EXPECT_FALSE(a == b);
 }
 
+// A record that does not fit needs nothing else; without a point all of the run is integer; an
+// exponent needs its digits.
 TEST(FormatRealFieldsRecord, Invariant) {
     FormatRealFields unfit = planned({0, 99, 1, false, 0, 0});
     unfit.leadingBlanks = -1;
-    EXPECT_TRUE(unfit.invariant());  // a record that does not fit needs nothing else
-    EXPECT_TRUE(planned({0, 2, 1, true, 0, 0}).invariant());
-    EXPECT_TRUE(planned({0, 1, 1, false, 4, 3}).invariant());
-    EXPECT_FALSE(planned({0, 2, 1, false, 0, 0}).invariant());  // no point: all of the run is integer
-    EXPECT_FALSE(planned({0, 33, 1, true, 0, 0}).invariant());
-    EXPECT_FALSE(planned({0, 2, 3, true, 0, 0}).invariant());
-    EXPECT_FALSE(planned({0, 1, 1, false, 4, 0}).invariant());  // an exponent without its digits
-    EXPECT_FALSE(planned({0, 1, 1, false, 4, 4}).invariant());
+    EXPECT_TRUE(unfit.invariant());
+    for (const Plan& plan : {Plan{0, 2, 1, true, 0, 0}, Plan{0, 1, 1, false, 4, 3}}) {
+        EXPECT_TRUE(planned(plan).invariant());
+    }
+    for (const Plan& plan : {Plan{0, 2, 1, false, 0, 0}, Plan{0, 33, 1, true, 0, 0}, Plan{0, 2, 3, true, 0, 0},
+                             Plan{0, 1, 1, false, 4, 0}, Plan{0, 1, 1, false, 4, 4}}) {
+        EXPECT_FALSE(planned(plan).invariant()) << plan.numDigits << " " << plan.pointPosition;
+    }
 }
 
 }  // namespace

@@ -4,9 +4,8 @@
 
 #include <cmath>
 
-#include "kivox/Calendar.h"
+#include "HostSupport.h"
 #include "kivox/Missing.h"
-#include "kivox/Services.h"
 
 namespace {
 
@@ -45,15 +44,12 @@ TEST(HostCalendar, EveryValidDayAgreesWithAnIncrementalCalendar) {
 }
 
 TEST(HostCalendar, RangeAndConstruction) {
-    struct Case {
-        double value;
-        bool valid;
-        int serial;
-    };
+    struct Case { double value; bool valid; int serial; };
     const Case cases[] = {
-        {0.0, true, 0},          {-0.5, true, -1},         {22356.99, true, 22356},        {-138061, true, -138061},
-        {-138061.5, false, 0},   {6589340.999, true, 6589340}, {6589341, false, 0},        {NAN, false, 0},
-        {INFINITY, false, 0},    {-INFINITY, false, 0},    {kivo::lum_numeric::MISSING, false, 0},
+        {0.0, true, 0},         {-0.5, true, -1},          {22356.99, true, 22356}, {-138061, true, -138061},
+        {-138061.5, false, 0},  {6589340.999, true, 6589340}, {6589341, false, 0},   {NAN, false, 0},
+        {INFINITY, false, 0},   {-INFINITY, false, 0},     {1e300, false, 0},       {-1e300, false, 0},
+        {kivo::lum_numeric::MISSING, false, 0},
     };
     for (const Case& c : cases) {
         const Date date(c.value);
@@ -62,16 +58,11 @@ TEST(HostCalendar, RangeAndConstruction) {
             EXPECT_EQ(static_cast<int>(date), c.serial) << c.value;
         }
     }
-    EXPECT_FALSE(Date(1581, 12, 31).isValid());
-    EXPECT_FALSE(Date(20001, 1, 1).isValid());
-    EXPECT_FALSE(Date(2001, 2, 29).isValid());
+    for (const Date& invalid : {Date(1581, 12, 31), Date(20001, 1, 1), Date(2001, 2, 29), Date(1900, 2, 29),
+                                Date(2001, 366)}) {
+        EXPECT_FALSE(invalid.isValid());
+    }
     EXPECT_TRUE(Date(2000, 2, 29).isValid());
-    EXPECT_FALSE(Date(1900, 2, 29).isValid());
-    EXPECT_FALSE(Date(2001, 366).isValid());
-    EXPECT_EQ(static_cast<int>(Date(1912, 7, 30)), -17321);
-    EXPECT_EQ(static_cast<int>(Date(1926, 12, 25)), -12060);
-    EXPECT_EQ(static_cast<int>(Date(1989, 1, 8)), 10600);
-
     Date last(static_cast<double>(Date::MAX_SERIAL));
     last += kivo::DateDuration(1);
     EXPECT_FALSE(last.isValid());
@@ -121,26 +112,16 @@ TEST(HostCalendar, WeekRecordsAroundEveryTurnOfTheYear) {
             ASSERT_TRUE(v.year == cv.year && v.week == cv.week && v.day == cv.day) << "V " << serial;
         }
     }
-    // Known ISO weeks: 1 January 2021 is in week 53 of 2020; 31 December 2018 in week 1 of 2019.
-    EXPECT_EQ(Date(2021, 1, 1).yearWeekVDay().year, 2020);
-    EXPECT_EQ(Date(2021, 1, 1).yearWeekVDay().week, 53);
-    EXPECT_EQ(Date(2018, 12, 31).yearWeekVDay().year, 2019);
-    EXPECT_EQ(Date(2018, 12, 31).yearWeekVDay().week, 1);
 }
 
 TEST(HostCalendar, DatetimeSplitsIntoDayAndTimeOfDay) {
-    struct Case {
-        double seconds;
-        int day;
-        double timeOfDay;
-    };
+    struct Case { double seconds; int day; double timeOfDay; };
     const Case cases[] = {
-        {0.0, 0, 0.0},           {86399.5, 0, 86399.5},       {86400.0, 1, 0.0},
-        {-1.0, -1, 86399.0},     {-86400.0, -1, 0.0},         {1e-300, 0, 1e-300},
-        // The largest instant before a day boundary still belongs to the day before.
-        {259199.99999999997, 2, 86399.99999999997},
-        // A tiny negative instant belongs to the day before and stays inside it.
-        {-1e-20, -1, 86399.99999999999},
+        {0.0, 0, 0.0}, {86399.5, 0, 86399.5}, {86400.0, 1, 0.0}, {-1.0, -1, 86399.0}, {-86400.0, -1, 0.0},
+        {1e-300, 0, 1e-300},
+        // The largest instant before a day boundary still belongs to the day before; a tiny negative
+        // instant belongs to the day before and stays inside it.
+        {259199.99999999997, 2, 86399.99999999997}, {-1e-20, -1, 86399.99999999999},
     };
     for (const Case& c : cases) {
         const kivo::Datetime datetime(c.seconds);
@@ -163,26 +144,20 @@ TEST(HostCalendar, DatetimeSplitsIntoDayAndTimeOfDay) {
 }
 
 TEST(HostCalendar, TwoDigitYearsFollowTheCutoff) {
-    kivo::ServiceLocator session;
-    kivo::ServiceLocator* previous = kivo::ServiceLocator::setCurrent(&session);
-    struct Case {
-        const char* cutoff;
-        int year;
-        int expanded;
-    };
+    kivo::test::OwnServices services;
+    struct Case { const char* cutoff; int year; int expanded; };
     const Case cases[] = {
         {"1940", 40, 1940}, {"1940", 39, 2039}, {"1940", 0, 2000},  {"1940", 99, 1999}, {"1940", 100, 100},
         {"1940", 2023, 2023}, {"1940", -1, -1}, {"1900", 0, 1900},  {"1900", 99, 1999}, {"1999", 98, 2098},
         {"1999", 99, 1999}, {"2000", 0, 2000},  {"2000", 99, 2099},
     };
     for (const Case& c : cases) {
-        ASSERT_TRUE(session.systemOptions().setOption("yearcutoff", c.cutoff));
+        ASSERT_TRUE(services.options().setOption("yearcutoff", c.cutoff));
         EXPECT_EQ(kivo::lum_date::expand2DigitYear(c.year), c.expanded) << c.cutoff << " " << c.year;
     }
-    EXPECT_FALSE(session.systemOptions().setOption("yearcutoff", "19x0"));
-    EXPECT_FALSE(session.systemOptions().setOption("yearcutoff", "1500"));
-    EXPECT_STREQ(session.systemOptions().getOption("yearcutoff"), "2000");
-    kivo::ServiceLocator::setCurrent(previous);
+    EXPECT_FALSE(services.options().setOption("yearcutoff", "19x0"));
+    EXPECT_FALSE(services.options().setOption("yearcutoff", "1500"));
+    EXPECT_STREQ(services.options().getOption("yearcutoff"), "2000");
 }
 
 }  // namespace

@@ -4,33 +4,20 @@
 
 #include <thread>
 
-#include "kivox/Calendar.h"
-#include "kivox/Services.h"
+#include "HostSupport.h"
 
 namespace {
 
-int serialOf(int y, int m, int d) { return static_cast<int>(kivo::Date(y, m, d)); }
+using kivo::test::day;
 
 TEST(HostTodayOption, TakesRealDaysWrittenYearMonthDay) {
-    struct Case {
-        const char* text;
-        int serial;  // 0: refused
-    };
+    // A serial of 0 stands for a refused text.
+    struct Case { const char* text; double serial; };
     const Case cases[] = {
-        {"2021-03-17", serialOf(2021, 3, 17)},
-        {"1582-01-01", serialOf(1582, 1, 1)},
-        {"2020-02-29", serialOf(2020, 2, 29)},
-        {"20000-12-31", serialOf(20000, 12, 31)},
-        {"2021-02-29", 0},
-        {"1581-12-31", 0},
-        {"20001-01-01", 0},
-        {"2021-3-17", 0},
-        {"2021/03/17", 0},
-        {"2021-03-17 ", 0},
-        {"2021-13-01", 0},
-        {"2021-00-10", 0},
-        {"17MAR2021", 0},
-        {"+021-03-17", 0},
+        {"2021-03-17", day(2021, 3, 17)}, {"1582-01-01", day(1582, 1, 1)}, {"2020-02-29", day(2020, 2, 29)},
+        {"20000-12-31", day(20000, 12, 31)}, {"2021-02-29", 0}, {"1581-12-31", 0}, {"20001-01-01", 0},
+        {"2021-3-17", 0}, {"2021/03/17", 0}, {"2021-03-17 ", 0}, {"2021-13-01", 0}, {"2021-00-10", 0}, {"17MAR2021", 0},
+        {"+021-03-17", 0}, {"2021-03/17", 0},
     };
     for (const Case& c : cases) {
         kivo::SystemOptions options;
@@ -46,25 +33,21 @@ TEST(HostTodayOption, TakesRealDaysWrittenYearMonthDay) {
 }
 
 TEST(HostTodayOption, LocalDateFollowsTheCallersServicesAndTheEmptyTextGivesTheClockBack) {
-    kivo::ServiceLocator session;
-    ASSERT_TRUE(session.systemOptions().setOption("today", "2021-03-17"));
-    kivo::ServiceLocator* previous = kivo::ServiceLocator::setCurrent(&session);
-    EXPECT_EQ(static_cast<int>(kivo::Date::localDate()), serialOf(2021, 3, 17));
-    int elsewhere = 0;
+    kivo::test::OwnServices services;
+    ASSERT_TRUE(services.options().setOption("today", "2021-03-17"));
+    EXPECT_EQ(static_cast<int>(kivo::Date::localDate()), day(2021, 3, 17));
+    double elsewhere = 0;
     std::thread([&] {
-        kivo::ServiceLocator other;
-        other.systemOptions().setOption("today", "1999-12-31");
-        kivo::ServiceLocator::setCurrent(&other);
+        kivo::test::OwnServices other;
+        other.options().setOption("today", "1999-12-31");
         elsewhere = static_cast<int>(kivo::Date::localDate());
-        kivo::ServiceLocator::setCurrent(nullptr);
     }).join();
-    EXPECT_EQ(elsewhere, serialOf(1999, 12, 31));
-    EXPECT_EQ(static_cast<int>(kivo::Date::localDate()), serialOf(2021, 3, 17));
+    EXPECT_EQ(elsewhere, day(1999, 12, 31));
+    EXPECT_EQ(static_cast<int>(kivo::Date::localDate()), day(2021, 3, 17));
 
-    ASSERT_TRUE(session.systemOptions().setOption("today", ""));
-    EXPECT_EQ(session.systemOptions().todaySerial(), kivo::SystemOptions::CLOCK_TODAY);
+    ASSERT_TRUE(services.options().setOption("today", ""));
+    EXPECT_EQ(services.options().todaySerial(), kivo::SystemOptions::CLOCK_TODAY);
     EXPECT_TRUE(kivo::Date::localDate().isValid());
-    kivo::ServiceLocator::setCurrent(previous);
 }
 
 }  // namespace

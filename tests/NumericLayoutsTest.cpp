@@ -1,3 +1,5 @@
+// The real-number layouts, each a table of values and the fields they must give, and the digits D keeps
+// after the point.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -8,14 +10,9 @@
 namespace {
 
 using realtext::Layout;
+using enum realtext::Layout;
 
-struct LayoutCase {
-    Layout layout;
-    double x;
-    int width;
-    int decimals;
-    const char* expected;
-};
+struct LayoutCase { Layout layout; double x; int width; int decimals; const char* expected; };
 
 void PrintTo(const LayoutCase& c, std::ostream* os) {
     *os << static_cast<int>(c.layout) << " " << c.x << " w" << c.width << " d" << c.decimals;
@@ -28,117 +25,86 @@ TEST_P(RealLayouts, WriteTheFieldOfTheirTable) {
     EXPECT_EQ(realtext::layOut(c.layout, c.x, c.width, c.decimals), c.expected);
 }
 
-constexpr Layout BEST = Layout::BEST;
-
 const LayoutCase BEST_CASES[] = {
     // Zero, width 1, signs.
     {BEST, 0.0, 4, 0, "   0"}, {BEST, 5.0, 1, 0, "5"}, {BEST, 0.3, 1, 0, "0"}, {BEST, -0.3, 1, 0, "0"},
-    {BEST, -0.5, 1, 0, "*"}, {BEST, 9.7, 1, 0, "*"},
-    {BEST, -0.001, 3, 0, "  0"},  // too narrow for -0
+    {BEST, -0.5, 1, 0, "*"}, {BEST, 9.7, 1, 0, "*"}, {BEST, -0.001, 3, 0, "  0"},  // too narrow for -0
     {BEST, -0.001, 5, 0, "   -0"},
     // Medium: narrow fields leave out the 0 before the point.
     {BEST, 0.5, 2, 0, ".5"}, {BEST, 0.5, 3, 0, "0.5"}, {BEST, 0.25, 3, 0, ".25"}, {BEST, 1.25, 3, 0, "1.3"},
-    {BEST, 1.5, 2, 0, " 2"}, {BEST, 99.96, 4, 0, " 100"},
-    {BEST, 9999.6, 4, 0, " 1E4"}, {BEST, 1.0 / 3, 12, 0, "0.3333333333"}, {BEST, 123456.789, 12, 0, "  123456.789"},
+    {BEST, 1.5, 2, 0, " 2"}, {BEST, 99.96, 4, 0, " 100"}, {BEST, 9999.6, 4, 0, " 1E4"},
+    {BEST, 1.0 / 3, 12, 0, "0.3333333333"}, {BEST, 123456.789, 12, 0, "  123456.789"},
     {BEST, 1.0 / 3, 32, 0, "                0.33333333333333"},  // at most 15 digits
     {BEST, 1e20, 24, 0, "   100000000000000000000"},
     // Small table, width by width.
     {BEST, 1.23e-7, 5, 0, "12E-8"}, {BEST, 1.5e-10, 5, 0, "2E-10"}, {BEST, 1e-100, 5, 0, "*"},
     {BEST, 0.0009996, 5, 0, "0.001"},  // a carry at width 5 falls back to plain notation
-    {BEST, 9.9996e-5, 6, 0, "0.0001"}, {BEST, 1.234e-6, 6, 0, "123E-8"},
-    {BEST, 1.25e-50, 6, 0, "13E-51"}, {BEST, 1e-200, 6, 0, "1E-200"},
-    {BEST, 1.2345e-6, 7, 0, "1.23E-6"}, {BEST, 1.234e-20, 7, 0, "123E-22"},
-    {BEST, 1.26e-98, 7, 0, " 13E-99"}, {BEST, 1.23456e-6, 8, 0, "1.235E-6"},
-    {BEST, 1.234e-20, 8, 0, "1.23E-20"}, {BEST, 1.234e-150, 8, 0, "123E-152"},
-    {BEST, 1.23456789e-6, 12, 0, "1.2345679E-6"}, {BEST, 9.99999e-10, 9, 0, "     1E-9"},
+    {BEST, 9.9996e-5, 6, 0, "0.0001"}, {BEST, 1.234e-6, 6, 0, "123E-8"}, {BEST, 1.25e-50, 6, 0, "13E-51"},
+    {BEST, 1e-200, 6, 0, "1E-200"}, {BEST, 1.2345e-6, 7, 0, "1.23E-6"}, {BEST, 1.234e-20, 7, 0, "123E-22"},
+    {BEST, 1.26e-98, 7, 0, " 13E-99"}, {BEST, 1.23456e-6, 8, 0, "1.235E-6"}, {BEST, 1.234e-20, 8, 0, "1.23E-20"},
+    {BEST, 1.234e-150, 8, 0, "123E-152"}, {BEST, 1.23456789e-6, 12, 0, "1.2345679E-6"},
+    {BEST, 9.99999e-10, 9, 0, "     1E-9"},
     // Large table, width by width, with its irregular rows.
     {BEST, 1234.0, 3, 0, "1E3"}, {BEST, 1e10, 3, 0, "*"}, {BEST, 12345.0, 4, 0, "12E3"}, {BEST, 1.2e11, 4, 0, "1E11"},
-    {BEST, 1e100, 4, 0, "*"}, {BEST, 123456.0, 5, 0, "123E3"},
-    {BEST, 1.234e10, 5, 0, " 12E9"}, {BEST, 1.234e11, 5, 0, "123E9"},
-    {BEST, 1.234e12, 5, 0, "12E11"}, {BEST, 1.5e101, 5, 0, "2E101"},
-    {BEST, 9.996e5, 5, 0, "  1E6"}, {BEST, 1234567.0, 6, 0, "1.23E6"},
-    {BEST, 1.234e12, 6, 0, "1234E9"}, {BEST, 1.234e100, 6, 0, " 12E99"},
-    {BEST, 1.234e101, 6, 0, "123E99"}, {BEST, 1.234e102, 6, 0, "12E101"},
-    {BEST, 12345678.0, 7, 0, "1.235E7"}, {BEST, 1.234e50, 7, 0, "1.23E50"},
-    {BEST, 1.234e100, 7, 0, " 123E98"}, {BEST, 1.1234e102, 7, 0, "1123E99"},
-    {BEST, 1.11e102, 7, 0, " 11E101"}, {BEST, 1.234e103, 7, 0, "123E101"},
-    {BEST, 1.23456e9, 8, 0, "1.2346E9"}, {BEST, 1.23456e150, 8, 0, "1.23E150"},
-    {BEST, 1e300, 12, 0, "       1E300"}, {BEST, -1.5e300, 12, 0, "    -1.5E300"},
+    {BEST, 1e100, 4, 0, "*"}, {BEST, 123456.0, 5, 0, "123E3"}, {BEST, 1.234e10, 5, 0, " 12E9"},
+    {BEST, 1.234e11, 5, 0, "123E9"}, {BEST, 1.234e12, 5, 0, "12E11"}, {BEST, 1.5e101, 5, 0, "2E101"},
+    {BEST, 9.996e5, 5, 0, "  1E6"}, {BEST, 1234567.0, 6, 0, "1.23E6"}, {BEST, 1.234e12, 6, 0, "1234E9"},
+    {BEST, 1.234e100, 6, 0, " 12E99"}, {BEST, 1.234e101, 6, 0, "123E99"}, {BEST, 1.234e102, 6, 0, "12E101"},
+    {BEST, 12345678.0, 7, 0, "1.235E7"}, {BEST, 1.234e50, 7, 0, "1.23E50"}, {BEST, 1.234e100, 7, 0, " 123E98"},
+    {BEST, 1.1234e102, 7, 0, "1123E99"}, {BEST, 1.11e102, 7, 0, " 11E101"}, {BEST, 1.234e103, 7, 0, "123E101"},
+    {BEST, 1.23456e9, 8, 0, "1.2346E9"}, {BEST, 1.23456e150, 8, 0, "1.23E150"}, {BEST, 1e300, 12, 0, "       1E300"},
+    {BEST, -1.5e300, 12, 0, "    -1.5E300"},
 };
 INSTANTIATE_TEST_SUITE_P(Best, RealLayouts, ::testing::ValuesIn(BEST_CASES));
 
-constexpr Layout BLANK = Layout::BLANK;
-
 const LayoutCase BLANK_CASES[] = {
-    {BLANK, 123.456, 8, 2, "  123.46"},
-    {BLANK, 123.456, 5, 2, "123.5"},  // the decimals give way to the integer part
-    {BLANK, 0.0, 5, 2, " 0.00"}, {BLANK, 0.05, 6, 2, "  0.05"},
-    {BLANK, 0.05, 3, 2, ".05"}, {BLANK, 0.004, 6, 2, "  0.00"},
-    {BLANK, 0.006, 6, 2, "  0.01"},  // the carry uses a leading zero
-    {BLANK, 0.6, 6, 0, "     1"},
-    {BLANK, 12.345, 6, 2, " 12.35"},  // the fuzz lifts the binary 12.3449999...
-    {BLANK, 0.996, 4, 2, "1.00"},
-    {BLANK, 9.996, 4, 2, "10.0"},  // a carry gives up a decimal
+    {BLANK, 123.456, 8, 2, "  123.46"}, {BLANK, 123.456, 5, 2, "123.5"},  // the decimals give way to the integer part
+    {BLANK, 0.0, 5, 2, " 0.00"}, {BLANK, 0.05, 6, 2, "  0.05"}, {BLANK, 0.05, 3, 2, ".05"},
+    {BLANK, 0.004, 6, 2, "  0.00"}, {BLANK, 0.006, 6, 2, "  0.01"},  // the carry uses a leading zero
+    {BLANK, 0.6, 6, 0, "     1"}, {BLANK, 12.345, 6, 2, " 12.35"},  // the fuzz lifts the binary 12.3449999...
+    {BLANK, 0.996, 4, 2, "1.00"}, {BLANK, 9.996, 4, 2, "10.0"},  // a carry gives up a decimal
     {BLANK, 99.96, 4, 1, " 100"},  // and the point with the last one
     {BLANK, 999.6, 3, 0, "1E3"}, {BLANK, -0.3, 1, 0, "0"}, {BLANK, -0.7, 1, 0, "*"},
     {BLANK, -0.0001, 6, 2, " -0.00"},  // the sign of the value as given
-    {BLANK, 1.23456e12, 8, 2, "1.235E12"},
-    {BLANK, 1.11e102, 7, 2, "111E100"},  // differs from BEST at width 7
-    {BLANK, 1.1234e102, 7, 2, "1123E99"}, {Layout::LARGE_BLANK, 1.11e102, 7, 102, "111E100"},
+    {BLANK, 1.23456e12, 8, 2, "1.235E12"}, {BLANK, 1.11e102, 7, 2, "111E100"},  // differs from BEST at width 7
+    {BLANK, 1.1234e102, 7, 2, "1123E99"}, {LARGE_BLANK, 1.11e102, 7, 102, "111E100"},
 };
 INSTANTIATE_TEST_SUITE_P(Blank, RealLayouts, ::testing::ValuesIn(BLANK_CASES));
-
-constexpr Layout D = Layout::D;
 
 const LayoutCase D_CASES[] = {
     {D, 0.0, 6, 0, "     0"}, {D, 1.0, 12, 0, "    1.000000"}, {D, 1234.5, 12, 0, " 1234.500000"},
     {D, 99999.5, 12, 0, "      100000"},  // the decimals drop in steps as the integer part grows
     {D, 1.0, 8, 3, "  1.0000"}, {D, 0.0012, 8, 0, " 0.00120"},
     {D, 9.9996, 6, 0, " 10.00"},  // the carry lays out 10 afresh
-    {D, -9.9996, 7, 0, "-10.000"},
-    {D, 1.23e-7, 8, 0, " 1.23E-7"},  // the small BEST table, stripped
-    {D, 1.23e-7, 4, 0, "0.00"},
-    {D, 1.23e-7, 12, 10, "     1.23E-7"},  // many decimals strip the trailing zeros
+    {D, -9.9996, 7, 0, "-10.000"}, {D, 1.23e-7, 8, 0, " 1.23E-7"},  // the small BEST table, stripped
+    {D, 1.23e-7, 4, 0, "0.00"}, {D, 1.23e-7, 12, 10, "     1.23E-7"},  // many decimals strip the trailing zeros
     {D, 12.5, 12, 10, "        12.5"}, {D, 1e15, 8, 0, "    1E15"}, {D, 123.0, 2, 0, "*"}, {D, -0.3, 1, 0, "0"},
 };
 INSTANTIATE_TEST_SUITE_P(D, RealLayouts, ::testing::ValuesIn(D_CASES));
 
-constexpr Layout E = Layout::E;
-
 const LayoutCase E_CASES[] = {
-    {E, 0.0, 10, 0, " 0.000E+00"}, {E, 0.0, 7, 0, "0.0E+00"},
-    {E, 12345.0, 10, 0, " 1.235E+04"}, {E, -12345.0, 10, 0, "-1.235E+04"},
-    {E, 12345.0, 7, 0, "1.2E+04"}, {E, 0.00012345, 10, 0, " 1.235E-04"},
+    {E, 0.0, 10, 0, " 0.000E+00"}, {E, 0.0, 7, 0, "0.0E+00"}, {E, 12345.0, 10, 0, " 1.235E+04"},
+    {E, -12345.0, 10, 0, "-1.235E+04"}, {E, 12345.0, 7, 0, "1.2E+04"}, {E, 0.00012345, 10, 0, " 1.235E-04"},
     {E, 1.0 / 3, 32, 0, " 3.3333333333333000000000000E-01"},  // 14 digits, then zeros
     {E, 1.234e-120, 10, 0, "1.234E-120"}, {E, -1.234e-120, 7, 0, "-1E-120"},
     {E, 1.234e101, 6, 0, "123E99"},  // width 6 keeps its unsigned exponents
     {E, -1.234e102, 7, 0, "-12E101"}, {E, 1.234e100, 6, 0, " 12E99"},
     {E, 9.99999e99, 10, 0, " 1.00E+100"},  // the third exponent digit takes a zero's place
-    {E, 9.99e99, 7, 0, "1.E+100"},
-    {E, -9.9e99, 7, 0, " -1E100"},  // no zero to give: sign and point go
-    {E, 9.99999e-100, 10, 0, " 1.000E-99"}, {E, 9.9e-100, 6, 0, " 1E-99"},
-    {E, 9.9e-101, 6, 0, "1E-100"}, {E, 12345.0, 6, 0, "*"},
+    {E, 9.99e99, 7, 0, "1.E+100"}, {E, -9.9e99, 7, 0, " -1E100"},  // no zero to give: sign and point go
+    {E, 9.99999e-100, 10, 0, " 1.000E-99"}, {E, 9.9e-100, 6, 0, " 1E-99"}, {E, 9.9e-101, 6, 0, "1E-100"},
+    {E, 12345.0, 6, 0, "*"},
 };
 INSTANTIATE_TEST_SUITE_P(E, RealLayouts, ::testing::ValuesIn(E_CASES));
 
-constexpr Layout PERCENT = Layout::PERCENT;
-
 const LayoutCase PERCENT_CASES[] = {
-    {PERCENT, 12.345, 6, 2, " 12.35"},
-    {PERCENT, 0.5, 3, 3, ".50"},  // decimals as wide as the field: one fewer
+    {PERCENT, 12.345, 6, 2, " 12.35"}, {PERCENT, 0.5, 3, 3, ".50"},  // decimals as wide as the field: one fewer
     {PERCENT, 0.005, 6, 8, "  5E-3"},  // tiny, with more decimals than places: exponent notation
-    {PERCENT, 0.005, 4, 6, "5E-3"}, {PERCENT, 0.005, 3, 6, "*"},
-    {PERCENT, 0.5, 6, 8, ".50000"}, {PERCENT, 1234567.0, 6, 2, "1.23E6"},
+    {PERCENT, 0.005, 4, 6, "5E-3"}, {PERCENT, 0.005, 3, 6, "*"}, {PERCENT, 0.5, 6, 8, ".50000"},
+    {PERCENT, 1234567.0, 6, 2, "1.23E6"},
 };
 INSTANTIATE_TEST_SUITE_P(Percent, RealLayouts, ::testing::ValuesIn(PERCENT_CASES));
 
-struct DigitsAfterPointCase {
-    int width;
-    int decimals;
-    int e;
-    bool negative;
-    int expected;
-};
+struct DigitsAfterPointCase { int width; int decimals; int e; bool negative; int expected; };
 
 class DFormatDigitsAfterPoint : public ::testing::TestWithParam<DigitsAfterPointCase> {};
 
@@ -148,13 +114,13 @@ TEST_P(DFormatDigitsAfterPoint, FollowsItsRules) {
 }
 
 const DigitsAfterPointCase DIGITS_AFTER_POINT_CASES[] = {
-    {2, 0, 5, false, 102},   {4, 0, 5, false, 100},  // the integer part does not fit
+    {2, 0, 5, false, 102}, {4, 0, 5, false, 100},  // the integer part does not fit
     {2, 10, -6, false, 102}, {5, 10, -6, false, 101}, {12, 10, 2, false, 8},  // many decimals
-    {3, 0, 0, false, 1},     {3, 1, -1, false, 2},   {3, 1, -1, true, 1},  // narrow fields
-    {8, 3, -7, false, 101},  {4, 3, -5, false, 2},  // too small for the fixed layout
-    {8, 3, -3, false, 5},    {8, 3, -5, false, 6},   {8, 3, -5, true, 6},
-    {12, 0, 0, false, 6},    {12, 0, 3, false, 6},   {12, 0, 4, false, -1},  {8, 3, 0, false, 4},
-    {5, 3, 0, false, 3},     {5, 3, 1, false, 2},    {4, 3, 1, false, 1},    {4, 3, 1, true, 1},
+    {3, 0, 0, false, 1}, {3, 1, -1, false, 2}, {3, 1, -1, true, 1},  // narrow fields
+    {8, 3, -7, false, 101}, {4, 3, -5, false, 2},  // too small for the fixed layout
+    {8, 3, -3, false, 5}, {8, 3, -5, false, 6}, {8, 3, -5, true, 6}, {12, 0, 0, false, 6}, {12, 0, 3, false, 6},
+    {12, 0, 4, false, -1}, {8, 3, 0, false, 4}, {5, 3, 0, false, 3}, {5, 3, 1, false, 2}, {4, 3, 1, false, 1},
+    {4, 3, 1, true, 1},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, DFormatDigitsAfterPoint, ::testing::ValuesIn(DIGITS_AFTER_POINT_CASES));
 

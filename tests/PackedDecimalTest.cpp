@@ -7,13 +7,7 @@
 namespace {
 
 // zone 0 selects the packed writer; the expected bytes are followed by a guard byte that must stay.
-struct MachineCase {
-    double value;
-    int digits;
-    int decimals;
-    char zone;
-    std::string expected;
-};
+struct MachineCase { double value; int digits; int decimals; char zone; std::string expected; };
 
 class MachineDecimal : public ::testing::TestWithParam<MachineCase> {};
 
