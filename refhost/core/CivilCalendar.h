@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <cstdint>
 
 // Constant-time conversions between day serials (day 0 = 1 January 1960) and proleptic Gregorian
@@ -11,12 +12,29 @@ namespace kivo::civil {
 
 inline constexpr long SHIFT_DAYS = 719468 - 3653;  // days from 0000-03-01 to 1960-01-01
 
+// The serial an invalid date holds.
+inline constexpr std::int32_t INVALID_SERIAL = INT32_MIN;
+
 struct YearMonthDay {
     int year;
     int month;
     int day;
     int dayOfYear;  // 1..366
 };
+
+// A year, month and day as they travel back to the caller: year and month in one 64-bit word.
+struct __attribute__((packed)) PackedYearMonthDay {
+    std::uint64_t yearAndMonth;
+    std::uint32_t day;
+};
+
+// floor(value) for a value whose floor fits an int32: a truncation, one less for a negative fraction.
+// Exact, and a few instructions where the library's floor is a long sequence on processors without a
+// rounding instruction.
+constexpr std::int32_t floorToSerial(double value) noexcept {
+    const auto truncated = static_cast<std::int32_t>(value);
+    return truncated - (value < truncated ? 1 : 0);
+}
 
 constexpr bool isLeapYear(int year) noexcept {
     return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
@@ -70,6 +88,7 @@ static_assert(toSerial(1582, 1, 1) == -138061);
 static_assert(toSerial(20000, 12, 31) == 6589340);
 static_assert(fromSerial(-17321).year == 1912 && fromSerial(-17321).month == 7 && fromSerial(-17321).day == 30);
 static_assert(dayOfWeek(0) == 6);
+static_assert(floorToSerial(-0.5) == -1 && floorToSerial(-1.0) == -1 && floorToSerial(-0.0) == 0 && floorToSerial(2.99) == 2);
 static_assert(fromSerial(0).dayOfYear == 1 && fromSerial(-1).dayOfYear == 365 && fromSerial(59).dayOfYear == 60);
 
 }  // namespace kivo::civil

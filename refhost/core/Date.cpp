@@ -1,5 +1,5 @@
+#include <bit>
 #include <climits>
-#include <cmath>
 #include <ctime>
 
 #include "CivilCalendar.h"
@@ -13,7 +13,7 @@ const int SECONDS_PER_DAY = 86400;
 
 namespace {
 
-constexpr std::int32_t INVALID_SERIAL = INT32_MIN;
+using civil::INVALID_SERIAL;
 
 constexpr bool inRange(long serial) noexcept {
     return serial >= Date::MIN_SERIAL && serial <= Date::MAX_SERIAL;
@@ -38,7 +38,7 @@ Date::Date() noexcept : serial_(INVALID_SERIAL) {}
 Date::Date(double daySerial) noexcept : serial_(INVALID_SERIAL) {
     // The comparisons are false for NaN, so NaN, infinities and missing values all stay invalid.
     if (daySerial >= MIN_SERIAL && daySerial < MAX_SERIAL + 1.0) {
-        serial_ = static_cast<std::int32_t>(std::floor(daySerial));
+        serial_ = civil::floorToSerial(daySerial);
     }
 }
 
@@ -87,12 +87,20 @@ Date& Date::operator+=(const DateDuration& days) noexcept {
     return *this;
 }
 
+// The year and month are built in one 64-bit register and returned as they are: two 32-bit stores
+// read back as one 64-bit load would stall every caller on the store buffer. An invalid date is
+// converted like day 0 and then cleared, so that no branch joins before the result is assembled.
 Date::YMD Date::yearMonthDay() const noexcept {
-    if (!isValid()) {
-        return {0, 0, 0};
+    const bool valid = isValid();
+    const civil::YearMonthDay ymd = civil::fromSerial(valid ? serial_ : 0);
+    std::uint64_t yearAndMonth =
+        static_cast<std::uint32_t>(ymd.year) | std::uint64_t{static_cast<std::uint32_t>(ymd.month)} << 32;
+    auto day = static_cast<std::uint32_t>(ymd.day);
+    if (!valid) {
+        yearAndMonth = 0;
+        day = 0;
     }
-    const civil::YearMonthDay ymd = civil::fromSerial(serial_);
-    return {ymd.year, ymd.month, ymd.day};
+    return std::bit_cast<YMD>(civil::PackedYearMonthDay{yearAndMonth, day});
 }
 
 int Date::year() const noexcept { return yearMonthDay().year; }

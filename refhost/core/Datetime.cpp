@@ -1,6 +1,7 @@
 #include <climits>
 #include <cmath>
 
+#include "CivilCalendar.h"
 #include "kivox/Calendar.h"
 #include "kivox/Services.h"
 
@@ -10,12 +11,43 @@ namespace {
 
 constexpr double DAY = 86400.0;
 constexpr double LAST_SECOND_OF_DAY = 86399.99999999999;  // the largest double below 86400
+// Days added before the day is estimated, so that every value the range check lets through is positive.
+constexpr std::int64_t DAY_OFFSET = 200000;
 
 int saturatedInt(double value) noexcept {
     if (!(value > INT_MIN)) {
         return value != value ? 0 : INT_MIN;
     }
     return value < INT_MAX ? static_cast<int>(value) : INT_MAX;
+}
+
+struct DayAndSeconds {
+    std::int64_t day;
+    double seconds;
+};
+
+// The day, floor(v / 86400) in exact arithmetic, and the seconds into it, v - day * 86400 rounded once.
+// The day is first estimated with one multiplication, offset so that truncating is flooring; near a
+// day's boundary the estimate may be one off, which the remainder shows: below 0 it is a day late. A
+// remainder of 86400 or more is either a day early or, for a tiny negative v, 86400 by rounding: the
+// next day's remainder tells them apart, and a rounded one is kept just inside the day.
+DayAndSeconds splitDay(double v) noexcept {
+    auto day = static_cast<std::int64_t>((v + DAY_OFFSET * DAY) * (1.0 / DAY)) - DAY_OFFSET;
+    double seconds = v - static_cast<double>(day) * DAY;
+    if (seconds < 0.0) {
+        --day;
+        seconds = v - static_cast<double>(day) * DAY;
+    } else if (seconds >= DAY) {
+        const double nextDaySeconds = v - static_cast<double>(day + 1) * DAY;
+        if (nextDaySeconds >= 0.0) {
+            ++day;
+            seconds = nextDaySeconds;
+        }
+    }
+    if (seconds >= DAY) {
+        seconds = LAST_SECOND_OF_DAY;
+    }
+    return {day, seconds};
 }
 
 }  // namespace
@@ -25,20 +57,11 @@ Datetime::Datetime(const double& secondsSerial) noexcept : date_(), secondsOfDay
     if (!(secondsSerial >= (Date::MIN_SERIAL - 1.0) * DAY && secondsSerial < (Date::MAX_SERIAL + 2.0) * DAY)) {
         return;
     }
-    // floor(v / 86400) in exact arithmetic: the rounded quotient may land on the next integer when v
-    // lies just below a day boundary, which the negative remainder reveals.
-    double day = std::floor(secondsSerial / DAY);
-    double seconds = secondsSerial - day * DAY;
-    if (seconds < 0.0) {
-        day -= 1.0;
-        seconds += DAY;
+    const DayAndSeconds split = splitDay(secondsSerial);
+    if (split.day >= Date::MIN_SERIAL && split.day <= Date::MAX_SERIAL) {
+        date_.serial_ = static_cast<std::int32_t>(split.day);
     }
-    // A tiny negative remainder plus one day rounds up to a whole day; keep it inside the day.
-    if (seconds >= DAY) {
-        seconds = LAST_SECOND_OF_DAY;
-    }
-    date_ = Date(day);
-    secondsOfDay_ = seconds;
+    secondsOfDay_ = split.seconds;
 }
 
 bool Datetime::isValid() const noexcept { return date_.isValid(); }
