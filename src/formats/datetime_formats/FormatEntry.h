@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <type_traits>
 
 #include "formats/FieldWriting.h"
@@ -14,6 +15,12 @@
 // missingDecimals is what writeMissing gets: the format's decimals for the formats whose decimals
 // move the missing character, 0 for the others.
 namespace kivo::format::datetime::entry {
+
+// The missing value or a stray NaN or infinity: writes its field and says so. A finite value, the
+// common case, is told apart here without a call.
+inline bool writesMissing(double value, char* field, int width, int missingDecimals) noexcept {
+    return !std::isfinite(value) && writeMissing(value, field, width, missingDecimals);
+}
 
 template <class Value, class Write>
 inline int writeValid(char* field, int width, int decimals, const Value& value, bool valid, Write write) noexcept {
@@ -34,7 +41,7 @@ inline int writeValid(char* field, int width, int decimals, const Value& value, 
 template <class Make, class Write>
 inline int withHostValue(char* field, int width, int decimals, int missingDecimals, double value, Make make,
                          Write write) noexcept {
-    if (writeMissing(value, field, width, missingDecimals)) {
+    if (writesMissing(value, field, width, missingDecimals)) {
         return 0;
     }
     const auto hostValue = make(value);
@@ -67,7 +74,7 @@ inline int withDatetime(char* field, int width, int decimals, int missingDecimal
 // as a datetime, so that a time far beyond the calendar prints as "*" like a datetime would.
 template <class Write>
 inline int withTime(char* field, int width, int decimals, int missingDecimals, double value, Write write) noexcept {
-    if (writeMissing(value, field, width, missingDecimals)) {
+    if (writesMissing(value, field, width, missingDecimals)) {
         return 0;
     }
     return writeValid(field, width, decimals, value, Datetime(value).isValid(), write);
