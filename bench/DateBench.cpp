@@ -1,13 +1,14 @@
 // DATE9., DDMMYY10., YYQ6., WEEKDATX29. and WEEKV11. per value against strftime on the same day
 // serials, each broken down by gmtime_r (the usual way to print a date with the C library): "%d%b%Y"
 // beside DATE9., "%d/%m/%Y" beside DDMMYY10., "%A, %d %B %Y" beside WEEKDATX29. and "%G-W%V-%u" beside
-// WEEKV11.
+// WEEKV11. DATE9. also runs beside its hand-written floor.
 #include <benchmark/benchmark.h>
 
 #include <ctime>
 #include <random>
 #include <vector>
 
+#include "Floors.h"
 #include "kivo/Formats.h"
 
 namespace {
@@ -56,6 +57,19 @@ void strftimeEachDay(benchmark::State& state, const char* layout) {
 
 void BM_Date9(benchmark::State& state) { formatEachDay(state, dateFormat, 9); }
 BENCHMARK(BM_Date9);
+
+void BM_Date9Floor(benchmark::State& state) {
+    const KivoFormatFunction floor = [](char* field, int, int, double value) {
+        floors::date9Field(field, value);
+        return 0;
+    };
+    if (!floors::agrees(dateFormat, floor, 9, daySerials())) {
+        state.SkipWithError("the floor's fields differ from DATE9.");
+        return;
+    }
+    formatEachDay(state, floor, 9);
+}
+BENCHMARK(BM_Date9Floor);
 
 void BM_StrftimeDdMonYyyy(benchmark::State& state) { strftimeEachDay(state, "%d%b%Y"); }
 BENCHMARK(BM_StrftimeDdMonYyyy);

@@ -70,4 +70,10 @@ void BM_ToCharsGeneral(benchmark::State& state) {
 }
 BENCHMARK(BM_ToCharsGeneral);
 
+// The floor: the shortest text that reads back as the same double.
+void BM_ToCharsShortest(benchmark::State& state) {
+    perValue(state, [](double x, char* field) { std::to_chars(field, field + 64, x); });
+}
+BENCHMARK(BM_ToCharsShortest);
+
 }  // namespace

@@ -5,10 +5,12 @@
 #include <cstdint>
 #include <ctime>
 
+#include "Floors.h"
 #include "kivo/Formats.h"
 
 // TIME8., DATETIME19. and DATETIME22.2 per value, beside the C library's broken-down time and
-// strftime("%d%b%Y:%H:%M:%S") on the same instants. One value per iteration: the time per iteration
+// strftime ("%H:%M:%S", "%d%b%Y:%H:%M:%S") on the same instants, and beside the hand-written floors of
+// TIME8. and DATETIME19. One value per iteration: the time per iteration
 // is the time per value.
 namespace {
 
@@ -59,23 +61,50 @@ void BM_Time8(benchmark::State& state) { runFormat(state, timeFormat, 8, 0, time
 void BM_Datetime19(benchmark::State& state) { runFormat(state, datetimeFormat, 19, 0, datetimes()); }
 void BM_Datetime22_2(benchmark::State& state) { runFormat(state, datetimeFormat, 22, 2, datetimes()); }
 
-void BM_GmtimeStrftimeDatetime(benchmark::State& state) {
-    const std::array<double, VALUE_COUNT>& values = datetimes();
+// A floor, run only when it writes the library's fields for every value.
+void runFloor(benchmark::State& state, KivoFormatFunction format, KivoFormatFunction floor, int width,
+              const std::array<double, VALUE_COUNT>& values) {
+    if (!floors::agrees(format, floor, width, values)) {
+        state.SkipWithError("the floor's fields differ from the format's");
+        return;
+    }
+    runFormat(state, floor, width, 0, values);
+}
+
+void BM_Time8Floor(benchmark::State& state) {
+    runFloor(state, timeFormat, [](char* field, int, int, double value) { floors::time8Field(field, value); return 0; },
+             8, timesOfDay());
+}
+void BM_Datetime19Floor(benchmark::State& state) {
+    runFloor(state, datetimeFormat,
+             [](char* field, int, int, double value) { floors::datetime19Field(field, value); return 0; }, 19,
+             datetimes());
+}
+
+void gmtimeStrftime(benchmark::State& state, const std::array<double, VALUE_COUNT>& values, const char* layout) {
     char text[32];
     std::size_t i = 0;
     for (auto _ : state) {
         const auto seconds = static_cast<std::time_t>(std::floor(values[i++ & (VALUE_COUNT - 1)] - SECONDS_1960_TO_1970));
         std::tm broken{};
         gmtime_r(&seconds, &broken);
-        benchmark::DoNotOptimize(std::strftime(text, sizeof text, "%d%b%Y:%H:%M:%S", &broken));
+        benchmark::DoNotOptimize(std::strftime(text, sizeof text, layout, &broken));
         benchmark::ClobberMemory();
     }
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()));
 }
 
+void BM_GmtimeStrftimeTime(benchmark::State& state) { gmtimeStrftime(state, timesOfDay(), "%H:%M:%S"); }
+void BM_GmtimeStrftimeDatetime(benchmark::State& state) {
+    gmtimeStrftime(state, datetimes(), "%d%b%Y:%H:%M:%S");
+}
+
 BENCHMARK(BM_Time8);
+BENCHMARK(BM_Time8Floor);
+BENCHMARK(BM_GmtimeStrftimeTime);
 BENCHMARK(BM_Datetime19);
-BENCHMARK(BM_Datetime22_2);
+BENCHMARK(BM_Datetime19Floor);
 BENCHMARK(BM_GmtimeStrftimeDatetime);
+BENCHMARK(BM_Datetime22_2);
 
 }  // namespace

@@ -1,0 +1,160 @@
+#pragma once
+
+// Hand-written floors: the fastest correct code we can write for one layout, with no generality, making
+// the same calls into the host that the library must make. The benchmarks run them beside the library's
+// formats on the same values, so that a run shows how far each format is from the hardware.
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+#include "kivo/Formats.h"
+#include "kivo/format/Missing.h"
+#include "kivox/Calendar.h"
+#include "kivox/Names.h"
+
+namespace floors {
+
+inline constexpr char PAIRS[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
+// Two units in the last place above 1, applied after the half second is added, as the formats do.
+inline constexpr double NUDGE = std::bit_cast<double>(std::uint64_t{0x3FF0000000000002});
+inline constexpr double DAY_END = 86400.0 - 0x1p-31;
+
+inline void pair(char* out, unsigned value) noexcept { std::memcpy(out, PAIRS + 2 * value, 2); }
+
+// "17MAR2021" at out.
+inline void date9(char* out, const kivo::Date& date) noexcept {
+    const kivo::Date::YMD ymd = date.yearMonthDay();
+    pair(out, static_cast<unsigned>(ymd.day));
+    std::memcpy(out + 2, kivo::Month::upperShortName(ymd.month), 3);
+    if (ymd.year > 9999) {
+        std::memcpy(out + 5, "****", 4);
+    } else {
+        pair(out + 5, static_cast<unsigned>(ymd.year) / 100);
+        pair(out + 7, static_cast<unsigned>(ymd.year) % 100);
+    }
+}
+
+// A time of day below 86400 split into whole hours, minutes and the seconds with their fraction.
+struct Clock {
+    unsigned hours;
+    unsigned minutes;
+    double seconds;
+};
+
+inline Clock split(double seconds) noexcept {
+    const auto whole = static_cast<unsigned>(seconds);
+    return {whole / 3600, whole / 60 % 60, static_cast<double>(whole % 60) + (seconds - whole)};
+}
+
+inline void carry(Clock& clock) noexcept {
+    clock.seconds = 0.0;
+    if (++clock.minutes == 60) {
+        clock.minutes = 0;
+        ++clock.hours;
+    }
+}
+
+// "mm:ss" after the hours.
+inline void minutesSeconds(char* out, const Clock& clock) noexcept {
+    out[0] = ':';
+    pair(out + 1, clock.minutes);
+    out[3] = ':';
+    pair(out + 4, static_cast<unsigned>(clock.seconds));
+}
+
+// DATE9.
+inline void date9Field(char* field, double value) noexcept {
+    if (!std::isfinite(value) && kivo::format::writeMissing(value, field, 9, 0)) {
+        return;
+    }
+    const kivo::Date date(value);
+    if (!date.isValid()) {
+        std::memset(field, '*', 9);
+        return;
+    }
+    date9(field, date);
+}
+
+// TIME8. of a time within one day; other durations go to the library's format.
+inline void time8Field(char* field, double value) noexcept {
+    if (!std::isfinite(value) && kivo::format::writeMissing(value, field, 8, 0)) {
+        return;
+    }
+    if (!kivo::Datetime(value).isValid() || !(value >= 0.0 && value < 86400.0)) {
+        timeFormat(field, 8, 0, value);
+        return;
+    }
+    Clock clock = split(value);
+    const double s = clock.seconds * NUDGE;
+    if (s + 0.50000001 >= 60.0) {
+        carry(clock);
+    } else {
+        clock.seconds = s + 0.5;
+    }
+    if (clock.hours < 10) {
+        field[0] = ' ';
+        field[1] = static_cast<char>('0' + clock.hours);
+    } else {
+        pair(field, clock.hours);
+    }
+    minutesSeconds(field + 2, clock);
+}
+
+// DATETIME19.: " 17MAR2021:13:45:30".
+inline void datetime19Field(char* field, double value) noexcept {
+    if (!std::isfinite(value) && kivo::format::writeMissing(value, field, 19, 0)) {
+        return;
+    }
+    const kivo::Datetime datetime(value);
+    if (!datetime.isValid()) {
+        std::memset(field, '*', 19);
+        return;
+    }
+    kivo::Date date = datetime.date();
+    double seconds = datetime.timeOfDay().totalSeconds();
+    if (seconds >= DAY_END) {
+        date += kivo::DateDuration(1);
+        seconds = 0.0;
+        if (!date.isValid()) {
+            std::memset(field, '*', 19);
+            return;
+        }
+    }
+    Clock clock = split(seconds);
+    const double s = (clock.seconds + 0.5) * NUDGE;
+    if (s >= 60.0) {
+        carry(clock);
+    } else if (s >= 59.99999999 && clock.minutes == 59 && clock.hours == 23) {
+        clock = {24, 0, 0.0};
+    } else {
+        clock.seconds = s;
+    }
+    field[0] = ' ';
+    date9(field + 1, date);
+    field[10] = ':';
+    pair(field + 11, clock.hours);
+    minutesSeconds(field + 13, clock);
+}
+
+// True when the floor writes the library's field for every value: a floor that cuts a corner the
+// library cannot is no floor.
+template <class Values>
+bool agrees(KivoFormatFunction format, KivoFormatFunction floor, int width, const Values& values) noexcept {
+    for (const double value : values) {
+        char expected[32];
+        char actual[32];
+        format(expected, width, 0, value);
+        floor(actual, width, 0, value);
+        if (std::memcmp(expected, actual, static_cast<std::size_t>(width)) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace floors

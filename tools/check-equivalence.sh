@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# Checks that a change to the library left every field byte-for-byte as it was: builds BASE (a commit
+# before the change) and the working tree, the latter with gcc and clang at -O0, -O2 and the release
+# flags, and compares the fields of seeded values for every format in `kivodt list` — HOT_COUNT values
+# for the formats a speed change touches most, COUNT for the others — against BASE's gcc release build.
+#
+#   tools/check-equivalence.sh BASE [COUNT [HOT_COUNT]]        (defaults 1000000 and 10000000)
+#   KIVO_EQUIVALENCE_VARIANTS="gcc:Release clang:Debug" narrows the builds of the working tree.
+set -euo pipefail
+
+base=${1:?usage: tools/check-equivalence.sh BASE [COUNT [HOT_COUNT]]}
+count=${2:-1000000}
+hot_count=${3:-10000000}
+hot_formats=${KIVO_EQUIVALENCE_HOT:-"DATE DTDATE DATETIME TIME BEST"}
+variants=${KIVO_EQUIVALENCE_VARIANTS:-"gcc:Release gcc:RelWithDebInfo gcc:Debug clang:RelWithDebInfo clang:Debug"}
+seed=20261122
+root=$(git rev-parse --show-toplevel)
+work=$(mktemp -d /tmp/kivo-equivalence.XXXXXX)
+cleanup() { git -C "$root" worktree remove --force "$work/base" >/dev/null 2>&1 || true; rm -rf "$work"; }
+trap cleanup EXIT
+
+compiler_of() { case $1 in gcc) echo g++ ;; clang) command -v clang++-14 || echo clang++ ;; esac; }
+
+# build TREE DIR COMPILER BUILD_TYPE: the library, the reference host and kivodt.
+build() {
+    cmake -S "$1" -B "$2" -G Ninja -DCMAKE_BUILD_TYPE="$4" -DCMAKE_CXX_COMPILER="$3" -DKIVO_BUILD_TESTS=OFF \
+        -DKIVO_BUILD_BENCHMARKS=OFF -DKIVO_BUILD_PYTHON=OFF >"$2.log" 2>&1
+    cmake --build "$2" --target kivoudtmf kivoxcore kivodt -j2 >>"$2.log" 2>&1 || { tail -20 "$2.log"; exit 1; }
+    g++ -std=c++20 -O2 -o "$2/field_hashes" "$root/tools/equivalence/FieldHashes.cpp" "$1/frontend/src/NumericFormats.cpp" \
+        -I"$root/tests" -I"$1/include" -I"$1/host" -I"$1/frontend/include" -L"$2/src" -L"$2/refhost" \
+        -lkivoudtmf -lkivoxcore -ldl -Wl,-rpath,"$2/src:$2/refhost"
+}
+
+# The formats of the catalog, split into the hot ones and the rest.
+formats() {
+    local pattern
+    pattern="^format +($(echo "$hot_formats" | tr ' ' '|')) "
+    if [ "$1" = hot ]; then grep -E "$pattern" "$work/list"; else grep -vE "$pattern" "$work/list" | grep '^format'; fi
+}
+
+# compare DIR SET N: differing values between BASE and DIR over N values per format of SET.
+compare() {
+    local differing
+    differing=$(cmp -l <("$work/base-build/field_hashes" "$3" $seed < <(formats "$2") 2>/dev/null) \
+                       <("$1/field_hashes" "$3" $seed < <(formats "$2") 2>"$work/records") |
+                awk '{ r = int(($1 - 1) / 8); if (r != last) { n++; last = r } } END { print n + 0 }') || true
+    local total=$(( $(formats "$2" | wc -l) * $3 ))
+    printf '  %-26s %-5s %10d values %8d differing\n' "$(basename "$1")" "$2" "$total" "$differing"
+    [ "$differing" -eq 0 ]
+}
+
+echo "building $base (gcc, Release)"
+git -C "$root" worktree add --detach "$work/base" "$base" >/dev/null 2>&1
+build "$work/base" "$work/base-build" g++ Release
+failed=0
+for variant in $variants; do
+    compiler=${variant%%:*}
+    type=${variant##*:}
+    dir="$work/head-$compiler-$type"
+    echo "building the working tree ($compiler, $type)"
+    build "$root" "$dir" "$(compiler_of "$compiler")" "$type"
+    [ -f "$work/list" ] || "$dir/frontend/kivodt" list > "$work/list"
+    compare "$dir" hot "$hot_count" || failed=1
+    compare "$dir" rest "$count" || failed=1
+done
+exit $failed
