@@ -60,10 +60,11 @@ inline void threeDigitsBlankLed(char*& out, int value) noexcept {
     out += 3;
 }
 
-// value 0..9999 as four digits.
+// value 0..9999 as four digits (divided as unsigned: no sign to correct).
 inline void fourDigits(char*& out, int value) noexcept {
-    twoDigits(out, value / 100);
-    twoDigits(out, value % 100);
+    const auto v = static_cast<unsigned>(value);
+    twoDigits(out, static_cast<int>(v / 100));
+    twoDigits(out, static_cast<int>(v % 100));
 }
 
 // The largest year that four year positions hold.

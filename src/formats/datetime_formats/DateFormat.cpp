@@ -31,7 +31,7 @@ void doDateFormat(const Date& date, char*& out, int width) {
     if (width < NARROWEST || width > WIDEST) {
         return;
     }
-    DATE_LAYOUTS[width - NARROWEST](out, date.yearMonthDay(), ' ');
+    out = DATE_LAYOUTS[width - NARROWEST](out, date.yearMonthDay(), ' ');
 }
 
 }  // namespace kivo::format::datetime

@@ -50,17 +50,17 @@ struct Pieces {
     }
 };
 
-using DateLayoutWriter = void (*)(char*& out, const Date::YMD& ymd, char separator) noexcept;
+// A row's writer takes the date by value and returns the position after the row, so that neither the
+// date nor the position makes a trip through memory between the host's answer and the field.
+using DateLayoutWriter = char* (*)(char* out, Date::YMD ymd, char separator) noexcept;
 
-// The writer of one row, its pieces unrolled at compile time into straight code; the position is kept
-// in a local and stored back once.
+// The writer of one row, its pieces unrolled at compile time into straight code.
 template <Pieces ROW>
-inline void writeRow(char*& out, const Date::YMD& ymd, char separator) noexcept {
-    char* o = out;
+inline char* writeRow(char* out, Date::YMD ymd, char separator) noexcept {
     [&]<std::size_t... I>(std::index_sequence<I...>) {
-        (writePiece<ROW.text[I]>(o, ymd, separator), ...);
+        (writePiece<ROW.text[I]>(out, ymd, separator), ...);
     }(std::make_index_sequence<sizeof(ROW.text) - 1>{});
-    out = o;
+    return out;
 }
 
 // The writer of a row, for a table of layouts: layout::row<"dMY">.
@@ -74,8 +74,10 @@ struct LayoutsByWidth {
 
     constexpr int widest() const noexcept { return narrowest + static_cast<int>(COUNT) - 1; }
     constexpr bool covers(int width) const noexcept { return width >= narrowest && width <= widest(); }
-    // The row of a width the table covers.
-    constexpr DateLayoutWriter at(int width) const noexcept { return rows[width - narrowest]; }
+    // The row of a width the table covers, written at out, which moves past it.
+    void write(int width, char*& out, Date::YMD ymd, char separator) const noexcept {
+        out = rows[width - narrowest](out, ymd, separator);
+    }
 };
 
 // A year-first layout: the year right-aligned in the positions the rest of the layout leaves

@@ -53,7 +53,7 @@ int writeDigitDate(double value, char* field, int width, const LayoutsByWidth<CO
                                if (!layouts.covers(w)) [[unlikely]] {
                                    format::fail(widthOutside);
                                }
-                               layouts.at(w)(out, date.yearMonthDay(), separator);
+                               layouts.write(w, out, date.yearMonthDay(), separator);
                            });
 }
 

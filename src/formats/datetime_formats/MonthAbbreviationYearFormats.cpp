@@ -31,7 +31,7 @@ void writeYymon(const Date& date, char*& out, int width) noexcept {
 // any other width leaves the field as it was.
 void doMonyyFormat(const Date& date, char*& out, int width) {
     if (MONYY_LAYOUTS.covers(width)) {
-        MONYY_LAYOUTS.at(width)(out, date.yearMonthDay(), ' ');
+        MONYY_LAYOUTS.write(width, out, date.yearMonthDay(), ' ');
     }
 }
 

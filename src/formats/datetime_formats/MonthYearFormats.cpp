@@ -37,7 +37,7 @@ void writeMonthFirst(const Date& date, char*& out, int width, const LayoutsByWid
     }
     const int widest = layouts.widest();
     field::blanks(out, width - widest);
-    layouts.at(width < widest ? width : widest)(out, date.yearMonthDay(), separator);
+    layouts.write(width < widest ? width : widest, out, date.yearMonthDay(), separator);
 }
 
 // The year in what the separator and the month leave: 2 positions at width 5, 4 at width 7.
