@@ -40,9 +40,16 @@ constexpr bool isLeapYear(int year) noexcept {
     return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
+// A day counted within its March-based year: the year that begins on 1 March, and the day of it, 0 (1
+// March) to 365 (29 February).
+struct MarchYearDay {
+    int marchYear;
+    std::uint32_t dayOfMarchYear;
+};
+
 // Neri and Schneider's Euclidean affine form of civil-from-days: 32-bit unsigned products and shifts
 // only. Valid while 4 * (serial + SHIFT_DAYS) + 3 fits in 32 bits, far beyond the supported range.
-constexpr YearMonthDay fromSerial(long serial) noexcept {
+constexpr MarchYearDay toMarchYearDay(long serial) noexcept {
     const auto n = static_cast<std::uint32_t>(serial + SHIFT_DAYS);  // days since 0000-03-01
     const std::uint32_t n1 = 4 * n + 3;
     const std::uint32_t century = n1 / 146097;
@@ -50,16 +57,32 @@ constexpr YearMonthDay fromSerial(long serial) noexcept {
     const std::uint32_t n2 = 4 * dayOfCentury + 3;
     const std::uint64_t p2 = std::uint64_t{2939745} * n2;
     const auto yearOfCentury = static_cast<std::uint32_t>(p2 >> 32);
-    const std::uint32_t dayOfMarchYear = static_cast<std::uint32_t>(p2) / 2939745 / 4;
+    return {static_cast<int>(100 * century + yearOfCentury), static_cast<std::uint32_t>(p2) / 2939745 / 4};
+}
+
+// The calendar month and day of a day of a March-based year, and whether it falls in January or
+// February, that is in the next calendar year.
+struct MonthDay {
+    std::uint8_t month;
+    std::uint8_t day;
+    std::uint8_t inNextYear;
+};
+
+constexpr MonthDay monthDayOfMarchYear(std::uint32_t dayOfMarchYear) noexcept {
     const std::uint32_t n3 = 2141 * dayOfMarchYear + 197913;
     const std::uint32_t marchMonth = n3 >> 16;  // 3..14
-    const std::uint32_t day = (n3 & 0xFFFF) / 2141 + 1;
     const bool januaryOrFebruary = dayOfMarchYear >= 306;
-    const auto marchYear = static_cast<int>(100 * century + yearOfCentury);
-    const int year = marchYear + (januaryOrFebruary ? 1 : 0);
-    const auto dayOfYear = static_cast<int>(januaryOrFebruary ? dayOfMarchYear - 305
-                                                              : dayOfMarchYear + 60 + (isLeapYear(year) ? 1 : 0));
-    return {year, static_cast<int>(januaryOrFebruary ? marchMonth - 12 : marchMonth), static_cast<int>(day), dayOfYear};
+    return {static_cast<std::uint8_t>(januaryOrFebruary ? marchMonth - 12 : marchMonth),
+            static_cast<std::uint8_t>((n3 & 0xFFFF) / 2141 + 1), static_cast<std::uint8_t>(januaryOrFebruary)};
+}
+
+constexpr YearMonthDay fromSerial(long serial) noexcept {
+    const MarchYearDay marchDay = toMarchYearDay(serial);
+    const MonthDay md = monthDayOfMarchYear(marchDay.dayOfMarchYear);
+    const int year = marchDay.marchYear + md.inNextYear;
+    const auto dayOfYear = static_cast<int>(md.inNextYear ? marchDay.dayOfMarchYear - 305
+                                                          : marchDay.dayOfMarchYear + 60 + (isLeapYear(year) ? 1 : 0));
+    return {year, md.month, md.day, dayOfYear};
 }
 
 // year must be at least 1; month 1..12; day may run past the month's end (it then counts on).

@@ -1,3 +1,4 @@
+#include <array>
 #include <bit>
 #include <climits>
 #include <ctime>
@@ -30,6 +31,16 @@ constexpr int weekFromFirst(int dayOfYear, int weekdayOfJanuaryFirst) noexcept {
     const int firstWeekStart = (8 - weekdayOfJanuaryFirst) % 7;  // 0-based day of year
     return (dayOfYear - 1 + 7 - firstWeekStart) / 7;
 }
+
+// monthDayOfMarchYear for every day of a March-based year: on the way to every date field one load
+// takes the place of a chain of multiplications.
+constexpr auto MONTH_DAYS_OF_MARCH_YEAR = [] {
+    std::array<civil::MonthDay, 366> table{};
+    for (std::uint32_t day = 0; day < table.size(); ++day) {
+        table[day] = civil::monthDayOfMarchYear(day);
+    }
+    return table;
+}();
 
 }  // namespace
 
@@ -92,10 +103,11 @@ Date& Date::operator+=(const DateDuration& days) noexcept {
 // converted like day 0 and then cleared, so that no branch joins before the result is assembled.
 Date::YMD Date::yearMonthDay() const noexcept {
     const bool valid = isValid();
-    const civil::YearMonthDay ymd = civil::fromSerial(valid ? serial_ : 0);
-    std::uint64_t yearAndMonth =
-        static_cast<std::uint32_t>(ymd.year) | std::uint64_t{static_cast<std::uint32_t>(ymd.month)} << 32;
-    auto day = static_cast<std::uint32_t>(ymd.day);
+    const civil::MarchYearDay marchDay = civil::toMarchYearDay(valid ? serial_ : 0);
+    const civil::MonthDay md = MONTH_DAYS_OF_MARCH_YEAR[marchDay.dayOfMarchYear];
+    std::uint64_t yearAndMonth = static_cast<std::uint32_t>(marchDay.marchYear + md.inNextYear) |
+                                 std::uint64_t{md.month} << 32;
+    std::uint32_t day = md.day;
     if (!valid) {
         yearAndMonth = 0;
         day = 0;
