@@ -83,9 +83,6 @@ public:
     YWD yearWeekWDay() const noexcept;
 
 private:
-    // A datetime sets its day's serial once it has checked the range, without a second conversion.
-    friend class Datetime;
-
     std::int32_t serial_;
 };
 

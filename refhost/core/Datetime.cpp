@@ -1,3 +1,4 @@
+#include <bit>
 #include <climits>
 #include <cmath>
 
@@ -50,21 +51,26 @@ DayAndSeconds splitDay(double v) noexcept {
     return {day, seconds};
 }
 
+// A date is its serial and nothing else: the day, once checked, becomes the date without a second
+// conversion or a call.
+Date dateOfSerial(std::int32_t serial) noexcept { return std::bit_cast<Date>(serial); }
+
 }  // namespace
 
-Datetime::Datetime(const double& secondsSerial) noexcept : date_(), secondsOfDay_(0.0) {
+Datetime::Datetime(const double& secondsSerial) noexcept
+    : date_(dateOfSerial(civil::INVALID_SERIAL)), secondsOfDay_(0.0) {
     // Cheap rejection first; the comparisons are false for NaN and missing values.
     if (!(secondsSerial >= (Date::MIN_SERIAL - 1.0) * DAY && secondsSerial < (Date::MAX_SERIAL + 2.0) * DAY)) {
         return;
     }
     const DayAndSeconds split = splitDay(secondsSerial);
     if (split.day >= Date::MIN_SERIAL && split.day <= Date::MAX_SERIAL) {
-        date_.serial_ = static_cast<std::int32_t>(split.day);
+        date_ = dateOfSerial(static_cast<std::int32_t>(split.day));
     }
     secondsOfDay_ = split.seconds;
 }
 
-bool Datetime::isValid() const noexcept { return date_.isValid(); }
+bool Datetime::isValid() const noexcept { return std::bit_cast<std::int32_t>(date_) != civil::INVALID_SERIAL; }
 
 Date Datetime::date() const noexcept { return date_; }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstring>
 
 // Small writers shared by the formats: they put digits and text straight into the caller's field and
@@ -8,11 +9,24 @@ namespace kivo::format::field {
 
 inline constexpr char DIGITS[] = "0123456789";
 
+// count copies of c. The few bytes a layout pads with are stored in place, two overlapping stores at
+// most, rather than through a call to memset.
 inline void repeat(char*& out, int count, char c) noexcept {
-    if (count > 0) {
-        std::memset(out, c, static_cast<std::size_t>(count));
-        out += count;
+    if (count <= 0) {
+        return;
     }
+    if (count > 8) {
+        std::memset(out, c, static_cast<std::size_t>(count));
+    } else if (count >= 4) {
+        const std::uint32_t four = 0x01010101U * static_cast<unsigned char>(c);
+        std::memcpy(out, &four, 4);
+        std::memcpy(out + count - 4, &four, 4);
+    } else {
+        out[0] = c;
+        out[count - 1] = c;
+        out[count / 2] = c;
+    }
+    out += count;
 }
 
 inline void blanks(char*& out, int count) noexcept { repeat(out, count, ' '); }

@@ -1,3 +1,4 @@
+#include "formats/datetime_formats/DateFormatLayouts.h"
 #include "formats/datetime_formats/TimeFieldWriting.h"
 #include "kivo/Formats.h"
 #include "kivo/format/datetime/DateWriters.h"
@@ -103,7 +104,7 @@ void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
         field::twoDigits(out, static_cast<int>(clock.seconds));
     } else if (layout.level == DECIMALS) {
         *out++ = ':';
-        writeRealNumber(out, clock.seconds, 2, layout.decimalsShown);
+        timefield::writeReal(out, clock.seconds, 2, layout.decimalsShown);
     }
     // An hour of 24 after a carry is 12 AM.
     timefield::meridiem(out, clock.hours >= 12 && clock.hours <= 23);
@@ -118,7 +119,7 @@ void writeDateAmPm(const Datetime& datetime, char*& out, int width, int decimals
         return;
     }
     field::blanks(out, layout.blanks);
-    doDateFormat(date, out, layout.dateWidth);
+    writeShortOrLongDate(date, out, layout.dateWidth == LONG_DATE);
     if (layout.level == DATE_ONLY) {
         return;
     }

@@ -1,3 +1,4 @@
+#include "formats/datetime_formats/DateFormatLayouts.h"
 #include "formats/datetime_formats/TimeFieldWriting.h"
 #include "kivo/Formats.h"
 #include "kivo/format/datetime/DateWriters.h"
@@ -73,17 +74,19 @@ void writeDatetime(const Datetime& datetime, char*& out, int width, int decimals
         field::stars(out, width);
         return;
     }
-    field::blanks(out, choice.blanks);
-    doDateFormat(date, out, choice.dateWidth);
-
+    // The clock is worked out before the date is written so that its arithmetic overlaps the host's
+    // calendar calls rather than waiting for them.
     const int rest = width - choice.blanks - choice.dateWidth;
+    const int fit = rest - CLOCK_WITH_POINT;
+    Clock clock = Clock::of(seconds);
+    roundSeconds(clock, fit, decimals);
+
+    field::blanks(out, choice.blanks);
+    writeShortOrLongDate(date, out, choice.dateWidth == LONG_DATE);
     if (rest <= 0) {
         return;
     }
     *out++ = ':';
-    Clock clock = Clock::of(seconds);
-    const int fit = rest - CLOCK_WITH_POINT;
-    roundSeconds(clock, fit, decimals);
     field::twoDigits(out, clock.hours);
     if (rest > 5) {
         *out++ = ':';
@@ -94,7 +97,7 @@ void writeDatetime(const Datetime& datetime, char*& out, int width, int decimals
         if (rest == 9) {
             field::twoDigits(out, static_cast<int>(clock.seconds));
         } else {
-            writeRealNumber(out, clock.seconds, 2, fit);
+            timefield::writeReal(out, clock.seconds, 2, fit);
         }
     }
 }

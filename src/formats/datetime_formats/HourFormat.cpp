@@ -49,7 +49,7 @@ void writeHours(double value, char*& out, int width, int decimals) noexcept {
             nd = shown + 1 < width ? 1 : 0;
         }
         field::blanks(out, width - 1 - shown - nd);
-        writeRealNumber(out, hours, nd, shown);
+        timefield::writeReal(out, hours, nd, shown);
         return;
     }
     const int integerDigits = nd > 1 ? nd : 1;

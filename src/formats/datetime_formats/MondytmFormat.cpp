@@ -60,7 +60,7 @@ void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
         field::twoDigits(out, static_cast<int>(clock.seconds));
     } else if (layout.detail == Detail::DECIMALS) {
         *out++ = ':';
-        writeRealNumber(out, clock.seconds, 2, layout.decimalsShown);
+        timefield::writeReal(out, clock.seconds, 2, layout.decimalsShown);
     }
     timefield::meridiem(out, clock.hours >= 12 && clock.hours <= 23);
 }

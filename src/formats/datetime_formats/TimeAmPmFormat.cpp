@@ -69,7 +69,7 @@ void writeTwelveHourTime(const Datetime& datetime, char*& out, int width, int de
         if (shape.decimals == 0) {
             field::twoDigits(out, static_cast<int>(clock.seconds));
         } else {
-            writeRealNumber(out, clock.seconds, 2, shape.decimals);
+            timefield::writeReal(out, clock.seconds, 2, shape.decimals);
         }
     }
     timefield::meridiem(out, afternoon);

@@ -3,11 +3,13 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 #include "formats/FieldWriting.h"
 #include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/format/Missing.h"
 #include "kivox/Calendar.h"
+#include "kivo/format/datetime/TimeWriters.h"
 #include "kivox/Numbers.h"
 
 // What the time and datetime formats share: their rounding constants, the digit writer for counts of any
@@ -25,27 +27,96 @@ inline constexpr double WIDE_HALF = std::bit_cast<double>(std::uint64_t{0x3FE000
 // is shown as midnight of the next day.
 inline constexpr double DAY_END_LIMIT = 86400.0 - 0x1p-31;
 
-// Half a unit of the decimals-th digit after the point.
-inline double halfUnit(int decimals) noexcept { return 0.5 / pow10(decimals); }
+// The powers of ten up to 10^22 are exact doubles, so quotients by them computed here, once, are the
+// very doubles a division by pow10 gives at run time. Beyond them the host's pow10 decides.
+inline constexpr int EXACT_POWERS_OF_TEN = 23;
 
-// The lowest count digits of value, with leading zeros.
+template <class Quotient>
+constexpr auto tableOverPowersOfTen(Quotient quotient) noexcept {
+    struct Table {
+        double values[EXACT_POWERS_OF_TEN];
+    } table{};
+    double power = 1.0;
+    for (double& value : table.values) {
+        value = quotient(power);
+        power *= 10.0;
+    }
+    return table;
+}
+
+inline constexpr auto HALF_UNITS = tableOverPowersOfTen([](double power) { return 0.5 / power; });
+inline constexpr auto WIDE_HALF_UNITS = tableOverPowersOfTen([](double power) { return WIDE_HALF / power; });
+
+// Half a unit of the decimals-th digit after the point.
+inline double halfUnit(int decimals) noexcept {
+    if (decimals >= 0 && decimals < EXACT_POWERS_OF_TEN) {
+        return HALF_UNITS.values[decimals];
+    }
+    return 0.5 / pow10(decimals);
+}
+
+// WIDE_HALF in units of the decimals-th digit after the point.
+inline double wideHalfUnit(int decimals) noexcept {
+    if (decimals >= 0 && decimals < EXACT_POWERS_OF_TEN) {
+        return WIDE_HALF_UNITS.values[decimals];
+    }
+    return WIDE_HALF / pow10(decimals);
+}
+
+// The lowest count digits of value, with leading zeros, two at a time from the right.
 inline void lowDigits(char*& out, std::uint64_t value, int count) noexcept {
-    for (int i = count - 1; i >= 0; --i) {
-        out[i] = field::DIGITS[value % 10];
-        value /= 10;
+    if (count <= 0) {
+        return;
     }
-    if (count > 0) {
-        out += count;
+    int i = count;
+    for (; i > 2; i -= 2) {
+        std::memcpy(out + i - 2, field::DIGIT_PAIRS + 2 * (value % 100), 2);
+        value /= 100;
     }
+    if (i == 2) {
+        std::memcpy(out, field::DIGIT_PAIRS + 2 * (value % 100), 2);
+    } else {
+        out[0] = field::DIGITS[value % 10];
+    }
+    out += count;
+}
+
+// writeRealNumber through a copy of the position: the caller's own position never has its address
+// taken, so it can stay in a register for the rest of the field.
+inline void writeReal(char*& out, double x, int intWidth, int decimals) noexcept {
+    char* position = out;
+    writeRealNumber(position, x, intWidth, decimals);
+    out = position;
 }
 
 // Whole hours, minutes and the seconds with their fraction of a non-negative count of seconds.
 struct Clock {
+    // 2^32 seconds (136 years): whole seconds split in 32-bit integers. Longer durations divide.
+    static constexpr double INTEGER_SPLIT_LIMIT = 0x1p32;
+
     int hours;
     int minutes;
     double seconds;
 
+    // The split is defined by the two divisions of byDivision. Away from the last half second of a
+    // minute neither quotient can round up to the next whole number, and every difference is exact, so
+    // whole seconds split in integers give the same three numbers without the divisions' latency.
     static Clock of(double totalSeconds) noexcept {
+        if (totalSeconds < INTEGER_SPLIT_LIMIT) {
+            const auto whole = static_cast<std::uint32_t>(totalSeconds);
+            const double fraction = totalSeconds - static_cast<double>(whole);
+            const std::uint32_t wholeMinutes = whole / 60;
+            const std::uint32_t secondOfMinute = whole - wholeMinutes * 60;
+            if (secondOfMinute != 59 || fraction < 0.5) {
+                const std::uint32_t hours = wholeMinutes / 60;
+                return {static_cast<int>(hours), static_cast<int>(wholeMinutes - hours * 60),
+                        static_cast<double>(secondOfMinute) + fraction};
+            }
+        }
+        return byDivision(totalSeconds);
+    }
+
+    static Clock byDivision(double totalSeconds) noexcept {
         const int hours = static_cast<int>(totalSeconds / 3600.0);
         const double rest = totalSeconds - hours * 3600.0;
         const int minutes = static_cast<int>(rest / 60.0);

@@ -35,7 +35,7 @@ void roundSeconds(Clock& clock, int shown, int decimals) noexcept {
             s += 0.5;
         }
     } else {
-        const double wideHalf = timefield::WIDE_HALF / pow10(shown);
+        const double wideHalf = timefield::wideHalfUnit(shown);
         const int fullPrecision = decimals < 8 ? decimals : 8;
         const double increment =
             decimals == 0 || shown >= fullPrecision ? timefield::halfUnit(decimals) + 1e-8 : wideHalf;
@@ -103,7 +103,7 @@ void writeTime(double value, char*& out, int width, int decimals) noexcept {
         if (shown == 0) {
             field::twoDigits(out, static_cast<int>(clock.seconds));
         } else {
-            writeRealNumber(out, clock.seconds, 2, shown);
+            timefield::writeReal(out, clock.seconds, 2, shown);
         }
     }
 }

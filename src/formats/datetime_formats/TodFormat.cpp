@@ -91,7 +91,7 @@ void writeTimeOfDay(const Datetime& datetime, char*& out, int width, int decimal
         if (shape.decimals == 0) {
             field::twoDigits(out, static_cast<int>(clock.seconds));
         } else {
-            writeRealNumber(out, clock.seconds, 2, shape.decimals);
+            timefield::writeReal(out, clock.seconds, 2, shape.decimals);
         }
     }
 }

@@ -25,7 +25,7 @@ void writeSecondPart(char*& out, double second, int charactersFromColon) noexcep
         field::twoDigits(out, static_cast<int>(second));
     } else {
         // One character after the two digits is a bare point: "12:34." is the text for that width.
-        writeRealNumber(out, second, 2, charactersFromColon - 4);
+        timefield::writeReal(out, second, 2, charactersFromColon - 4);
     }
 }
 
