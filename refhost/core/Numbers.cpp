@@ -1,4 +1,6 @@
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 #include "kivox/Numbers.h"
 
@@ -55,9 +57,15 @@ int floorLog10(const double& value) noexcept {
     }
     // The binary exponent gives the answer to within one; the table of the smallest doubles not below
     // each power of ten settles it exactly, also for values next to a power of ten.
-    int binaryExponent = 0;
-    std::frexp(magnitude, &binaryExponent);
-    int e = static_cast<int>(std::floor((binaryExponent - 1) * 0.30102999566398119521));
+    // The exponent is read from the double's bits (frexp's, one more than the unbiased one), and
+    // floor(k log10 2) is (k * 78913) >> 18 for every |k| below 1100, the same integer as the floor of
+    // the double product. Subnormals, with no exponent in their bits, ask frexp.
+    const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+    int binaryExponent = static_cast<int>(bits >> 52) - 1022;
+    if ((bits >> 52) == 0) {
+        std::frexp(magnitude, &binaryExponent);
+    }
+    int e = ((binaryExponent - 1) * 78913) >> 18;
     if (e < POW10_TABLE_MIN) {
         e = POW10_TABLE_MIN;
     }

@@ -38,11 +38,41 @@ inline void stars(char* field, int width) noexcept {
     }
 }
 
+// length characters of source. Up to 32 are copied in place, in two overlapping moves at most, rather
+// than through a call to memcpy.
 inline void text(char*& out, const char* source, int length) noexcept {
-    if (length > 0) {
-        std::memcpy(out, source, static_cast<std::size_t>(length));
-        out += length;
+    if (length <= 0) {
+        return;
     }
+    if (length > 32) {
+        std::memcpy(out, source, static_cast<std::size_t>(length));
+    } else if (length > 16) {
+        char head[16];
+        char tail[16];
+        std::memcpy(head, source, 16);
+        std::memcpy(tail, source + length - 16, 16);
+        std::memcpy(out, head, 16);
+        std::memcpy(out + length - 16, tail, 16);
+    } else if (length >= 8) {
+        std::uint64_t head;
+        std::uint64_t tail;
+        std::memcpy(&head, source, 8);
+        std::memcpy(&tail, source + length - 8, 8);
+        std::memcpy(out, &head, 8);
+        std::memcpy(out + length - 8, &tail, 8);
+    } else if (length >= 4) {
+        std::uint32_t head;
+        std::uint32_t tail;
+        std::memcpy(&head, source, 4);
+        std::memcpy(&tail, source + length - 4, 4);
+        std::memcpy(out, &head, 4);
+        std::memcpy(out + length - 4, &tail, 4);
+    } else {
+        out[0] = source[0];
+        out[length - 1] = source[length - 1];
+        out[length / 2] = source[length / 2];
+    }
+    out += length;
 }
 
 inline void digit(char*& out, int value) noexcept { *out++ = DIGITS[value]; }

@@ -1,7 +1,13 @@
 #include "kivo/format/FormatRealFields.h"
 
+#include <bit>
 #include <cmath>
+#include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
+#include "formats/DecimalDigits.h"
 #include "formats/DecimalLimbs.h"
 #include "formats/FieldWriting.h"
 #include "formats/FormatRealFieldsFailures.h"
@@ -12,6 +18,23 @@ namespace kivo::format {
 namespace {
 
 constexpr int DIGIT_CAPACITY = 32;
+
+// 10^-22 .. 10^22 as the nearest doubles, the same the host's pow10 gives: the positive powers are
+// exact, and one correctly rounded division of 1 by an exact power is the nearest double to its
+// reciprocal. A table here saves a call into the host on every field.
+constexpr int EXACT_POWERS = 22;
+constexpr auto NEAREST_POWERS_OF_TEN = [] {
+    struct Table {
+        double values[2 * EXACT_POWERS + 1];
+    } table{};
+    double power = 1.0;
+    for (int e = 0; e <= EXACT_POWERS; ++e) {
+        table.values[EXACT_POWERS + e] = power;
+        table.values[EXACT_POWERS - e] = 1.0 / power;
+        power *= 10.0;
+    }
+    return table;
+}();
 
 int runLength(const FormatRealFields& f) { return f.leadingZeroes + f.numDigits + f.trailingZeroes; }
 
@@ -48,9 +71,9 @@ void writeRunPart(char*& out, const char* source, int from, int count) {
     }
 }
 
-// The digit run with the point inserted after `pointPosition` of its characters (when shown). A point
-// on the boundary of two parts is written with the earlier part.
-void writeDigitRun(const FormatRealFields& f, char*& out, char pointChar) {
+// The digit run with the point inserted after `pointPosition` of its characters (when shown), part by
+// part. A point on the boundary of two parts is written with the earlier part.
+void writeDigitRunInParts(const FormatRealFields& f, char*& out, char pointChar) {
     int before = f.hasDecimalPoint ? f.pointPosition : -1;
     const auto part = [&](const char* source, int count) {
         if (before >= 0 && before <= count) {
@@ -70,6 +93,31 @@ void writeDigitRun(const FormatRealFields& f, char*& out, char pointChar) {
     part(nullptr, f.trailingZeroes);
 }
 
+// The longest digit run laid out whole before it is written.
+constexpr int ASSEMBLED_RUN = 64;
+
+// The same run, assembled first when it is of a field's length (zeros, then the digits over them) and
+// written in at most two moves around the point.
+void writeDigitRun(const FormatRealFields& f, char*& out, char pointChar) {
+    const int length = runLength(f);
+    if (length > ASSEMBLED_RUN || f.leadingZeroes < 0 || f.numDigits < 0 || f.trailingZeroes < 0 ||
+        f.numDigits > DIGIT_CAPACITY) {
+        writeDigitRunInParts(f, out, pointChar);
+        return;
+    }
+    char run[ASSEMBLED_RUN];
+    std::memset(run, '0', sizeof run);
+    char* digitsAt = run + f.leadingZeroes;
+    field::text(digitsAt, f.digits, f.numDigits);
+    if (!f.hasDecimalPoint || f.pointPosition < 0 || f.pointPosition > length) {
+        field::text(out, run, length);
+        return;
+    }
+    field::text(out, run, f.pointPosition);
+    *out++ = pointChar;
+    field::text(out, run + f.pointPosition, length - f.pointPosition);
+}
+
 // The integer characters of a separated field: `count` characters taken from the digits (then zeros),
 // with a separator after the first group and after every further three, never after the last.
 void writeGroupedInteger(char*& out, const char* digits, int numDigits, int count, int firstGroup,
@@ -83,6 +131,59 @@ void writeGroupedInteger(char*& out, const char* digits, int numDigits, int coun
         *out++ = i < numDigits ? digits[i] : '0';
         --untilSeparator;
     }
+}
+
+// How many of the count characters at the end of run are '0', eight at a time while they last.
+int trailingZeroCharactersOneByOne(const char* run, int count) {
+    int zeros = 0;
+    while (zeros + 8 <= count && std::memcmp(run + count - zeros - 8, "00000000", 8) == 0) {
+        zeros += 8;
+    }
+    while (zeros < count && run[count - 1 - zeros] == '0') {
+        ++zeros;
+    }
+    return zeros;
+}
+
+// How many of the count characters at the end of run are '0'. Where the processor compares sixteen
+// bytes at once, the digit buffer's 32 characters give a mask of zeros whose run at the end is counted
+// with one bit scan: no loop whose length depends on the value, and so no mispredicted exit.
+int trailingZeroCharacters(const char (&run)[DIGIT_CAPACITY], int count) {
+#if defined(__SSE2__)
+    if (count > 0 && count <= DIGIT_CAPACITY) {
+        __m128i low;
+        __m128i high;
+        std::memcpy(&low, run, 16);
+        std::memcpy(&high, run + 16, 16);
+        const __m128i zero = _mm_set1_epi8('0');
+        const auto zeros = static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(low, zero))) |
+                           static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(high, zero))) << 16;
+        const std::uint32_t inUse = count == DIGIT_CAPACITY ? ~0U : (1U << count) - 1;
+        const std::uint32_t notZero = ~zeros & inUse;
+        return notZero == 0 ? count : count - 1 - (31 - std::countl_zero(notZero));
+    }
+#endif
+    return trailingZeroCharactersOneByOne(run, count);
+}
+
+// The lowest count digits of a whole number into run[0 .. count); true when digits are left over, that
+// is when rounding carried past the digits planned. Below 2^56 (every field up to 17 significant
+// digits) they come from one 64-bit integer; larger numbers are taken apart in two limbs, a digit at
+// a time.
+bool takeDigits(char* run, int count, double whole) {
+    if (whole < limbs::TWO_POW_56) {
+        const std::uint64_t number = whole > 0.0 ? static_cast<std::uint64_t>(whole) : 0;
+        if (count <= 0) {
+            return number != 0;
+        }
+        digits::lowestDigits(run, count, number);
+        return count < digits::MOST_DIGITS_BELOW_2_POW_56 && number >= digits::POWERS_OF_TEN[count];
+    }
+    limbs::DecimalLimbs number(whole);
+    for (int i = count - 1; i >= 0; --i) {
+        run[i] = field::DIGITS[number.popDigit()];
+    }
+    return !number.isZero();
 }
 
 }  // namespace
@@ -138,6 +239,10 @@ bool FormatRealFields::invariant() const {
 }
 
 void FormatRealFields::multPow10(double& value, int power) {
+    if (power >= -EXACT_POWERS && power <= EXACT_POWERS) {
+        value *= NEAREST_POWERS_OF_TEN.values[power + EXACT_POWERS];
+        return;
+    }
     if (power > 308) {
         value *= pow10(308);
         power -= 308;
@@ -150,20 +255,14 @@ void FormatRealFields::multPow10(double& value, int power) {
 
 bool FormatRealFields::writeDigitBuffer(double value, int extraScale, double fuzz) {
     const int scale = extraScale + leadingZeroes + numDigits - pointPosition - exponent;
-    limbs::DecimalLimbs number(roundedScaledValue(value, scale, fuzz));
+    const bool carried = takeDigits(digits, numDigits, roundedScaledValue(value, scale, fuzz));
 
-    for (int i = numDigits - 1; i >= 0; --i) {
-        digits[i] = field::DIGITS[number.popDigit()];
-    }
     // Zeros at the low end become trailing zeros rather than stored digits.
-    int lowZeros = 0;
-    while (lowZeros < numDigits && digits[numDigits - 1 - lowZeros] == '0') {
-        ++lowZeros;
-    }
+    const int lowZeros = trailingZeroCharacters(digits, numDigits);
     trailingZeroes += lowZeros;
     numDigits -= lowZeros;
 
-    if (number.isZero()) {
+    if (!carried) {
         return true;
     }
     // Rounding carried into a new leading digit: the digits taken were all zeros.
