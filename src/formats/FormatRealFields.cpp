@@ -1,11 +1,7 @@
 #include "kivo/format/FormatRealFields.h"
 
-#include <bit>
 #include <cmath>
 #include <cstring>
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 #include "formats/DecimalDigits.h"
 #include "formats/DecimalLimbs.h"
@@ -41,16 +37,34 @@ int runLength(const FormatRealFields& f) { return f.leadingZeroes + f.numDigits 
 // x scaled to the planned digits, rounded half up, then nudged by the fuzz factor: a value a hair
 // below a rounding boundary only because of its binary form is pushed over it, but only while the
 // nudge stays below 0.05 units of the last digit.
-double roundedScaledValue(double value, int scale, double fuzz) {
+struct RoundedWhole {
+    double whole;          // the rounded value, a whole number
+    std::uint64_t number;  // the same as an integer, when inOneWord
+    bool inOneWord;
+};
+
+// Below 2^52 the value is its own integer part's conversion away from a whole number, and the final
+// truncation is the conversion itself: the rounding runs on the integer the digits come from, without
+// two more round trips through the floating-point truncation.
+RoundedWhole roundedScaledValue(double value, int scale, double fuzz) {
     double x = value;
     FormatRealFields::multPow10(x, scale);
+    if (x >= 0.0 && x < 0x1p52) {
+        if (static_cast<double>(static_cast<std::uint64_t>(x)) != x) {
+            x += 0.5;
+        }
+        if (fuzz * x < 0.05) {
+            x *= 1.0 + fuzz;
+        }
+        return {0.0, static_cast<std::uint64_t>(x), true};
+    }
     if (x != std::trunc(x) || std::isnan(x)) {
         x += 0.5;
     }
     if (fuzz * x < 0.05) {
         x *= 1.0 + fuzz;
     }
-    return std::trunc(x);
+    return {std::trunc(x), 0, false};
 }
 
 // The exponent's magnitude in exactly `count` digits, leading zeros in front; higher digits are lost.
@@ -134,7 +148,7 @@ void writeGroupedInteger(char*& out, const char* digits, int numDigits, int coun
 }
 
 // How many of the count characters at the end of run are '0', eight at a time while they last.
-int trailingZeroCharactersOneByOne(const char* run, int count) {
+int trailingZeroCharacters(const char* run, int count) {
     int zeros = 0;
     while (zeros + 8 <= count && std::memcmp(run + count - zeros - 8, "00000000", 8) == 0) {
         zeros += 8;
@@ -145,34 +159,17 @@ int trailingZeroCharactersOneByOne(const char* run, int count) {
     return zeros;
 }
 
-// How many of the count characters at the end of run are '0'. Where the processor compares sixteen
-// bytes at once, the digit buffer's 32 characters give a mask of zeros whose run at the end is counted
-// with one bit scan: no loop whose length depends on the value, and so no mispredicted exit.
-int trailingZeroCharacters(const char (&run)[DIGIT_CAPACITY], int count) {
-#if defined(__SSE2__)
-    if (count > 0 && count <= DIGIT_CAPACITY) {
-        __m128i low;
-        __m128i high;
-        std::memcpy(&low, run, 16);
-        std::memcpy(&high, run + 16, 16);
-        const __m128i zero = _mm_set1_epi8('0');
-        const auto zeros = static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(low, zero))) |
-                           static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(high, zero))) << 16;
-        const std::uint32_t inUse = count == DIGIT_CAPACITY ? ~0U : (1U << count) - 1;
-        const std::uint32_t notZero = ~zeros & inUse;
-        return notZero == 0 ? count : count - 1 - (31 - std::countl_zero(notZero));
-    }
-#endif
-    return trailingZeroCharactersOneByOne(run, count);
-}
-
 // The lowest count digits of a whole number into run[0 .. count); true when digits are left over, that
 // is when rounding carried past the digits planned. Below 2^56 (every field up to 17 significant
 // digits) they come from one 64-bit integer; larger numbers are taken apart in two limbs, a digit at
 // a time.
-bool takeDigits(char* run, int count, double whole) {
-    if (whole < limbs::TWO_POW_56) {
-        const std::uint64_t number = whole > 0.0 ? static_cast<std::uint64_t>(whole) : 0;
+bool takeDigits(char* run, int count, const RoundedWhole& rounded) {
+    const double whole = rounded.whole;
+    if (rounded.inOneWord || whole < limbs::TWO_POW_56) {
+        std::uint64_t number = rounded.number;
+        if (!rounded.inOneWord) {
+            number = whole > 0.0 ? static_cast<std::uint64_t>(whole) : 0;
+        }
         if (count <= 0) {
             return number != 0;
         }
