@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Checks that a change to the library left every field byte-for-byte as it was: builds BASE (a commit
-# before the change) and the working tree, the latter with gcc and clang at -O0, -O2 and the release
-# flags, and compares the fields of seeded values for every format in `kivodt list` — HOT_COUNT values
-# for the formats a speed change touches most, COUNT for the others — against BASE's gcc release build.
+# before the change) and the change (the working tree, or the commit KIVO_EQUIVALENCE_HEAD), the latter
+# with gcc and clang at -O0, -O2 and the release flags, and compares the fields of seeded values for
+# every format in `kivodt list` — HOT_COUNT values for the formats a speed change touches most, COUNT
+# for the others — against BASE's gcc release build.
 #
 #   tools/check-equivalence.sh BASE [COUNT [HOT_COUNT]]        (defaults 1000000 and 10000000)
 #   KIVO_EQUIVALENCE_VARIANTS="gcc:Release clang:Debug" narrows the builds of the working tree.
@@ -16,7 +17,11 @@ variants=${KIVO_EQUIVALENCE_VARIANTS:-"gcc:Release gcc:RelWithDebInfo gcc:Debug 
 seed=20261122
 root=$(git rev-parse --show-toplevel)
 work=$(mktemp -d /tmp/kivo-equivalence.XXXXXX)
-cleanup() { git -C "$root" worktree remove --force "$work/base" >/dev/null 2>&1 || true; rm -rf "$work"; }
+cleanup() {
+    git -C "$root" worktree remove --force "$work/base" >/dev/null 2>&1 || true
+    git -C "$root" worktree remove --force "$work/head" >/dev/null 2>&1 || true
+    rm -rf "$work"
+}
 trap cleanup EXIT
 
 compiler_of() { case $1 in gcc) echo g++ ;; clang) command -v clang++-14 || echo clang++ ;; esac; }
@@ -51,14 +56,19 @@ compare() {
 
 echo "building $base (gcc, Release)"
 git -C "$root" worktree add --detach "$work/base" "$base" >/dev/null 2>&1
+head_tree=$root
+if [ -n "${KIVO_EQUIVALENCE_HEAD:-}" ]; then
+    git -C "$root" worktree add --detach "$work/head" "$KIVO_EQUIVALENCE_HEAD" >/dev/null 2>&1
+    head_tree=$work/head
+fi
 build "$work/base" "$work/base-build" g++ Release
 failed=0
 for variant in $variants; do
     compiler=${variant%%:*}
     type=${variant##*:}
     dir="$work/head-$compiler-$type"
-    echo "building the working tree ($compiler, $type)"
-    build "$root" "$dir" "$(compiler_of "$compiler")" "$type"
+    echo "building the change ($compiler, $type)"
+    build "$head_tree" "$dir" "$(compiler_of "$compiler")" "$type"
     [ -f "$work/list" ] || "$dir/frontend/kivodt" list > "$work/list"
     compare "$dir" hot "$hot_count" || failed=1
     compare "$dir" rest "$count" || failed=1
