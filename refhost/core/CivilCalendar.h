@@ -85,14 +85,17 @@ constexpr YearMonthDay fromSerial(long serial) noexcept {
     return {year, md.month, md.day, dayOfYear};
 }
 
-// year must be at least 1; month 1..12; day may run past the month's end (it then counts on).
+// year must be at least 1; month 1..12; day may run past the month's end (it then counts on). Every
+// quantity is then non-negative, so the divisions by constants are unsigned: a multiplication and a
+// shift each, with no sign to correct.
 constexpr long toSerial(int year, int month, int day) noexcept {
-    const long y = year - (month <= 2 ? 1 : 0);
-    const long era = y / 400;
-    const long yearOfEra = y - era * 400;
-    const long dayOfMarchYear = (153 * (month > 2 ? month - 3 : month + 9) + 2) / 5 + day - 1;
-    const long dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfMarchYear;
-    return era * 146097 + dayOfEra - SHIFT_DAYS;
+    const auto y = static_cast<std::uint32_t>(year - (month <= 2 ? 1 : 0));
+    const std::uint32_t era = y / 400;
+    const std::uint32_t yearOfEra = y - era * 400;
+    const auto marchMonth = static_cast<std::uint32_t>(month > 2 ? month - 3 : month + 9);
+    const std::uint32_t dayOfMarchYear = (153 * marchMonth + 2) / 5 + static_cast<std::uint32_t>(day) - 1;
+    const std::uint32_t dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfMarchYear;
+    return static_cast<long>(era) * 146097 + static_cast<long>(dayOfEra) - SHIFT_DAYS;
 }
 
 constexpr int daysInMonth(int year, int month) noexcept {

@@ -12,10 +12,6 @@ namespace {
 constexpr char MONTH_ABBREVIATIONS[12][4] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                              "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 
-// 2147483647 = 214748364 × 10 + 7: past this a further digit no longer fits in a signed 32-bit value.
-constexpr int TENTH_OF_INT_MAX = 214748364;
-constexpr int LAST_DIGIT_OF_INT_MAX = 7;
-
 // Fraction digits beyond these no longer change a double; dropping them keeps the digits and their
 // power of ten exact, so that the quotient is the double nearest the written fraction.
 constexpr int KEPT_FRACTION_DIGITS = 15;
@@ -64,25 +60,6 @@ bool readMonthAbbrev(const char*& cursor, const char* end, int& month) noexcept 
         }
     }
     return false;
-}
-
-bool readUnsignedInt(const char*& cursor, const char* end, int& value) noexcept {
-    if (cursor == end || !isDigit(cursor)) {
-        if (cursor < end && text::isLetter(cursor)) {
-            value = -1;
-        }
-        return false;
-    }
-    int v = 0;
-    for (; cursor < end && isDigit(cursor); ++cursor) {
-        const int digit = digitValue(cursor);
-        if (v > TENTH_OF_INT_MAX || (v == TENTH_OF_INT_MAX && digit > LAST_DIGIT_OF_INT_MAX)) {
-            return false;
-        }
-        v = v * 10 + digit;
-    }
-    value = v;
-    return true;
 }
 
 bool readDigitsWithFraction(const char*& cursor, const char* end, double& value, bool fractionRequired) noexcept {

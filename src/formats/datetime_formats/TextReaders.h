@@ -16,8 +16,9 @@ bool readMonthAbbrev(const char*& cursor, const char* end, int& month) noexcept;
 
 // A run of decimal digits, no sign, into a signed 32-bit value. Fails when nothing is left or the
 // first character is no digit (value is then -1 when that character is a letter, and unchanged
-// otherwise), and when the run passes 2147483647.
-bool readUnsignedInt(const char*& cursor, const char* end, int& value) noexcept;
+// otherwise), and when the run passes 2147483647. Inline, with the position in a local: the date and
+// time informats read two or three numbers per field, and this is most of their work.
+inline bool readUnsignedInt(const char*& cursor, const char* end, int& value) noexcept;
 
 // The rest of a number whose first digit the caller has already taken into value: further digits,
 // then optionally "." and at least one fraction digit. A "." with no digit after it fails; so does
@@ -94,5 +95,30 @@ inline void skipNonLetters(const char*& cursor, const char* end) noexcept {
 }
 
 }  // namespace text
+
+inline bool readUnsignedInt(const char*& cursor, const char* end, int& value) noexcept {
+    // 2147483647 = 214748364 × 10 + 7: past this a further digit no longer fits in a signed 32-bit value.
+    constexpr int TENTH_OF_INT_MAX = 214748364;
+    constexpr int LAST_DIGIT_OF_INT_MAX = 7;
+    const char* p = cursor;
+    if (p == end || !text::isDigit(p)) {
+        if (p < end && text::isLetter(p)) {
+            value = -1;
+        }
+        return false;
+    }
+    int v = 0;
+    for (; p < end && text::isDigit(p); ++p) {
+        const int digit = text::digitValue(p);
+        if (v > TENTH_OF_INT_MAX || (v == TENTH_OF_INT_MAX && digit > LAST_DIGIT_OF_INT_MAX)) {
+            cursor = p;
+            return false;
+        }
+        v = v * 10 + digit;
+    }
+    cursor = p;
+    value = v;
+    return true;
+}
 
 }  // namespace kivo
