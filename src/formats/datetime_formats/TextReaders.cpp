@@ -29,7 +29,8 @@ bool readTwoDigits(const char*& cursor, const char* end, int& value) noexcept {
     return true;
 }
 
-// Digits after a ".", as a fraction below 1. False when no digit follows.
+}  // namespace
+
 bool readFraction(const char*& cursor, const char* end, double& fraction) noexcept {
     double digits = 0;
     double scale = 1;
@@ -44,7 +45,6 @@ bool readFraction(const char*& cursor, const char* end, double& fraction) noexce
     return count > 0;
 }
 
-}  // namespace
 
 bool readMonthAbbrev(const char*& cursor, const char* end, int& month) noexcept {
     if (end - cursor < 3) {
@@ -60,21 +60,6 @@ bool readMonthAbbrev(const char*& cursor, const char* end, int& month) noexcept 
         }
     }
     return false;
-}
-
-bool readDigitsWithFraction(const char*& cursor, const char* end, double& value, bool fractionRequired) noexcept {
-    for (; cursor < end && isDigit(cursor); ++cursor) {
-        value = value * 10 + digitValue(cursor);
-    }
-    if (!text::take(cursor, end, '.')) {
-        return !fractionRequired;
-    }
-    double fraction = 0;
-    if (!readFraction(cursor, end, fraction)) {
-        return false;
-    }
-    value += fraction;
-    return true;
 }
 
 bool readDayMonthAbbrevYear(const char*& cursor, const char* end, int& day, int& month, int& year) noexcept {

@@ -20,10 +20,15 @@ bool readMonthAbbrev(const char*& cursor, const char* end, int& month) noexcept;
 // time informats read two or three numbers per field, and this is most of their work.
 inline bool readUnsignedInt(const char*& cursor, const char* end, int& value) noexcept;
 
+// Digits after a ".", as a fraction below 1. False when no digit follows.
+bool readFraction(const char*& cursor, const char* end, double& fraction) noexcept;
+
 // The rest of a number whose first digit the caller has already taken into value: further digits,
 // then optionally "." and at least one fraction digit. A "." with no digit after it fails; so does
-// a number without a fraction when fractionRequired is set.
-bool readDigitsWithFraction(const char*& cursor, const char* end, double& value, bool fractionRequired) noexcept;
+// a number without a fraction when fractionRequired is set. Inline, with the position and the value
+// in locals, for the seconds of every time field.
+inline bool readDigitsWithFraction(const char*& cursor, const char* end, double& value,
+                                   bool fractionRequired) noexcept;
 
 // hh, one separator character, mm, ":", ss, an optional fraction, then blanks and tabs up to the end:
 // two digits each, hours to 23, minutes and seconds to 59, the seconds with their fraction no longer
@@ -95,6 +100,26 @@ inline void skipNonLetters(const char*& cursor, const char* end) noexcept {
 }
 
 }  // namespace text
+
+inline bool readDigitsWithFraction(const char*& cursor, const char* end, double& value,
+                                   bool fractionRequired) noexcept {
+    const char* p = cursor;
+    double v = value;
+    for (; p < end && text::isDigit(p); ++p) {
+        v = v * 10 + text::digitValue(p);
+    }
+    bool accepted = !fractionRequired;
+    if (text::take(p, end, '.')) {
+        double fraction = 0;
+        accepted = readFraction(p, end, fraction);
+        if (accepted) {
+            v += fraction;
+        }
+    }
+    cursor = p;
+    value = v;
+    return accepted;
+}
 
 inline bool readUnsignedInt(const char*& cursor, const char* end, int& value) noexcept {
     // 2147483647 = 214748364 × 10 + 7: past this a further digit no longer fits in a signed 32-bit value.
