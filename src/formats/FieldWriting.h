@@ -38,6 +38,18 @@ inline void stars(char* field, int width) noexcept {
     }
 }
 
+// length characters (CHUNK <= length <= 2 * CHUNK) of source in two moves of CHUNK bytes, the second
+// ending at the last character: the two may overlap.
+template <int CHUNK>
+inline void twoOverlappingMoves(char* out, const char* source, int length) noexcept {
+    char head[CHUNK];
+    char tail[CHUNK];
+    std::memcpy(head, source, CHUNK);
+    std::memcpy(tail, source + length - CHUNK, CHUNK);
+    std::memcpy(out, head, CHUNK);
+    std::memcpy(out + length - CHUNK, tail, CHUNK);
+}
+
 // length characters of source. Up to 32 are copied in place, in two overlapping moves at most, rather
 // than through a call to memcpy.
 inline void text(char*& out, const char* source, int length) noexcept {
@@ -47,26 +59,11 @@ inline void text(char*& out, const char* source, int length) noexcept {
     if (length > 32) {
         std::memcpy(out, source, static_cast<std::size_t>(length));
     } else if (length > 16) {
-        char head[16];
-        char tail[16];
-        std::memcpy(head, source, 16);
-        std::memcpy(tail, source + length - 16, 16);
-        std::memcpy(out, head, 16);
-        std::memcpy(out + length - 16, tail, 16);
+        twoOverlappingMoves<16>(out, source, length);
     } else if (length >= 8) {
-        std::uint64_t head;
-        std::uint64_t tail;
-        std::memcpy(&head, source, 8);
-        std::memcpy(&tail, source + length - 8, 8);
-        std::memcpy(out, &head, 8);
-        std::memcpy(out + length - 8, &tail, 8);
+        twoOverlappingMoves<8>(out, source, length);
     } else if (length >= 4) {
-        std::uint32_t head;
-        std::uint32_t tail;
-        std::memcpy(&head, source, 4);
-        std::memcpy(&tail, source + length - 4, 4);
-        std::memcpy(out, &head, 4);
-        std::memcpy(out + length - 4, &tail, 4);
+        twoOverlappingMoves<4>(out, source, length);
     } else {
         out[0] = source[0];
         out[length - 1] = source[length - 1];
