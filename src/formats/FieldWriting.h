@@ -56,7 +56,10 @@ inline void text(char*& out, const char* source, int length) noexcept {
     if (length <= 0) {
         return;
     }
-    if (length > 32) {
+    if (__builtin_constant_p(length)) {
+        // A length fixed where the call is compiled (a month's three letters) is the compiler's to move.
+        std::memcpy(out, source, static_cast<std::size_t>(length));
+    } else if (length > 32) {
         std::memcpy(out, source, static_cast<std::size_t>(length));
     } else if (length > 16) {
         twoOverlappingMoves<16>(out, source, length);
