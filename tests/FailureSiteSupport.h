@@ -18,8 +18,9 @@ namespace kivo::test {
 
 using format::FailureSite;
 
-// The report of a site as a regular expression.
-inline std::string reportOf(const FailureSite& site) {
+// The report of a site (any record of message, source and line) as a regular expression.
+template <class Site>
+std::string reportOf(const Site& site) {
     std::string pattern = "kivoFail: ";
     for (const char c : std::string(site.message) + " [" + site.source + ":" + std::to_string(site.line) + "]") {
         if (std::string_view("\\^$.|?*+()[]{}").find(c) != std::string_view::npos) {

@@ -1,6 +1,5 @@
 // The thread handle: start and join, waits with a limit, cancellation, the shared block's lifetime, ids,
 // the stack size a new thread gets, and the failures it reports.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -15,7 +14,9 @@
 #include <latch>
 #include <memory>
 #include <string>
+#include <utility>
 
+#include "FailureSiteSupport.h"
 #include "kivo/thread/Thread_pthread.h"
 #include "thread/pthread/ThreadFailures.h"
 
@@ -42,40 +43,30 @@ public:
     static inline std::atomic<int> destroyed{0};
 
     explicit ProbeBlock(Body body, bool errorChecking = false) : body_(std::move(body)) {
-        if (errorChecking) {
-            pthread_mutexattr_t attributes;
-            pthread_mutexattr_init(&attributes);
-            pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_ERRORCHECK);
-            pthread_mutex_init(&doneMtx_, &attributes);
-            pthread_mutexattr_destroy(&attributes);
-        }
+        pthread_mutexattr_t attributes;
+        pthread_mutexattr_init(&attributes);
+        pthread_mutexattr_settype(&attributes, errorChecking ? PTHREAD_MUTEX_ERRORCHECK : PTHREAD_MUTEX_DEFAULT);
+        pthread_mutex_init(&doneMtx_, &attributes);
+        pthread_mutexattr_destroy(&attributes);
     }
     ~ProbeBlock() override { ++destroyed; }
     void run() override { body_(*this); }
-
-private:
     Body body_;
 };
 
 // A handle on a ProbeBlock; block() stays usable as long as someone holds the block.
-class ProbeThread : public kivo::thread {
-public:
-    explicit ProbeThread(ProbeBlock* block) : kivo::thread(block), block_(block) { start_thread(); }
-    ProbeBlock& block() const { return *block_; }
-
-private:
-    ProbeBlock* block_;
+struct ProbeThread : kivo::thread {
+    explicit ProbeThread(ProbeBlock* block) : kivo::thread(block), block(*block) { start_thread(); }
+    ProbeBlock& block;
 };
 
 // A body that never returns unless it is cancelled. clock_nanosleep is a cancellation point that
 // ThreadSanitizer does not wrap, so it still sees the locks taken as the cancellation unwinds the body;
 // the hour lies outside the stack, whose sanitizer marks the unwinding would leave behind.
 constexpr timespec HOUR{3600, 0};
-void sleepUntilCancelled(std::latch& started) {
+[[noreturn]] void sleepUntilCancelled(std::latch& started) {
     started.count_down();
-    for (;;) {
-        clock_nanosleep(CLOCK_MONOTONIC, 0, &HOUR, nullptr);
-    }
+    for (;;) clock_nanosleep(CLOCK_MONOTONIC, 0, &HOUR, nullptr);
 }
 
 // A cancelled thread never drops its reference, so its block outlives the test by design: the leak
@@ -88,11 +79,12 @@ void expectLeakOf(ProbeBlock* block) {
 #endif
 }
 
-void setSoftStackLimit(rlim_t limit) {
+rlim_t setSoftStackLimit(rlim_t limit) {  // gives the limit it replaced
     rlimit stack;
     getrlimit(RLIMIT_STACK, &stack);
-    stack.rlim_cur = limit;
+    const rlim_t previous = std::exchange(stack.rlim_cur, limit);
     setrlimit(RLIMIT_STACK, &stack);
+    return previous;
 }
 
 void* storeOwnStackSize(void* size) {
@@ -107,9 +99,7 @@ void* storeOwnStackSize(void* size) {
 std::size_t stackOfPlainThread(std::size_t size) {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    if (size != 0) {
-        pthread_attr_setstacksize(&attributes, size);
-    }
+    if (size != 0) pthread_attr_setstacksize(&attributes, size);
     std::size_t result = 0;
     pthread_t plain;
     pthread_create(&plain, &attributes, storeOwnStackSize, &result);
@@ -118,12 +108,7 @@ std::size_t stackOfPlainThread(std::size_t size) {
     return result;
 }
 
-testing::Matcher<const std::string&> reportOf(const Site& site) {
-    return testing::HasSubstr(std::string("kivoFail: ") + site.message + " [" + site.source + ":" +
-                              std::to_string(site.line) + "]");
-}
-
-TEST(Thread, StartsTheCallableWithCopiesOfItsArgumentsAndJoins) {
+TEST(Thread, StartsTheCallableWithCopiesOfItsArgumentsAndJoinsAndAnEmptyHandleNeverWaits) {
     int sum = 0;
     auto owned = std::make_unique<int>(40);
     kivo::thread adder([&sum](int a, std::unique_ptr<int> b) { sum = a + *b; }, 2, std::move(owned));
@@ -137,10 +122,8 @@ TEST(Thread, StartsTheCallableWithCopiesOfItsArgumentsAndJoins) {
     finished.wait();
     EXPECT_TRUE(quick.tryjoin(10000));
     EXPECT_FALSE(quick.joinable());
-}
 
-TEST(Thread, EmptyHandleReturnsAtOnceFromEveryWait) {
-    kivo::thread empty;
+    kivo::thread empty;  // returns at once from every wait
     empty.join();
     EXPECT_TRUE(empty.tryjoin(0));
     empty.terminate();
@@ -172,7 +155,7 @@ TEST(Thread, DestroyedHandleLetsItsRunningThreadFreeTheBlock) {
     pthread_t running;
     {
         ProbeThread handle(new ProbeBlock([&release](ProbeBlock&) { release.wait(); }));
-        running = handle.block().thread_handle_;
+        running = handle.block.thread_handle_;
     }
     EXPECT_EQ(ProbeBlock::destroyed, before) << "the running thread still holds the block";
     release.count_down();
@@ -223,11 +206,7 @@ TEST(Thread, IdsCompareByThreadAndDefaultIdsAreEqual) {
     const kivo::thread::id self = kivo::this_thread::get_id();
     kivo::thread::id other;
     kivo::thread([&other] { other = kivo::this_thread::get_id(); }).join();
-    struct Row {
-        kivo::thread::id a;
-        kivo::thread::id b;
-        bool equal;
-    };
+    struct Row { kivo::thread::id a, b; bool equal; };
     const Row rows[] = {{none, kivo::thread::id(), true}, {none, self, false},  {self, none, false},
                         {self, kivo::this_thread::get_id(), true}, {self, other, false}, {other, other, true}};
     for (const Row& row : rows) {
@@ -259,28 +238,23 @@ TEST(ThreadDeathTest, StartFailureThrowsWithTheSystemsTextAndFreesTheBlock) {
 TEST(ThreadDeathTest, NewThreadGetsTheSoftStackLimitWhenItIsARealLimitAbove8191Bytes) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     enum Stack { COPIED, DEFAULT, START_FAILS };
-    struct Row {
-        rlim_t softLimit;
-        Stack stack;
-    };
+    struct Row { rlim_t softLimit; Stack stack; };
     // 8192 bytes is copied, but no thread can have so small a stack.
     const Row rows[] = {{4 << 20, COPIED},       {64 << 20, COPIED},          {8191, DEFAULT}, {8192, START_FAILS},
                         {RLIM_INFINITY, DEFAULT}, {INTMAX_MAX, DEFAULT}};
     const auto check = [&rows] {
-        rlimit original;
-        getrlimit(RLIMIT_STACK, &original);
         int wrong = 0;
         for (const Row& row : rows) {
-            const std::size_t expected = row.stack == COPIED ? stackOfPlainThread(row.softLimit) : stackOfPlainThread(0);
+            const std::size_t expected = stackOfPlainThread(row.stack == COPIED ? row.softLimit : 0);
             std::size_t size = 0;
             bool started = true;
-            setSoftStackLimit(row.softLimit);
+            const rlim_t original = setSoftStackLimit(row.softLimit);
             try {
                 kivo::thread([&size] { storeOwnStackSize(&size); }).join();
             } catch (const kivo::thread_resource_error&) {
                 started = false;
             }
-            setSoftStackLimit(original.rlim_cur);
+            setSoftStackLimit(original);
             if (started != (row.stack != START_FAILS) || (started && size != expected)) {
                 std::fprintf(stderr, "limit %ju: stack %zu, expected %zu\n", static_cast<std::uintmax_t>(row.softLimit),
                              size, expected);
@@ -297,23 +271,20 @@ TEST(ThreadDeathTest, NewThreadGetsTheSoftStackLimitWhenItIsARealLimitAbove8191B
 // lock before it succeeded.)
 void lockThenJoin(bool timed) {
     ProbeThread handle(new ProbeBlock([](ProbeBlock&) {}, true));
-    pthread_mutex_lock(&handle.block().doneMtx_);
+    pthread_mutex_lock(&handle.block.doneMtx_);
     timed ? (void)handle.tryjoin(1000) : handle.join();
 }
 
 void joinItself(bool timed) {
     ProbeThread handle(new ProbeBlock([](ProbeBlock&) {}));
-    handle.block().thread_handle_ = pthread_self();
+    handle.block.thread_handle_ = pthread_self();
     timed ? (void)handle.tryjoin(10000) : handle.join();
 }
 
 TEST(ThreadDeathTest, FailingCallsReportTheirSite) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     namespace site = kivo::detail::thread_failure;
-    struct Row {
-        Site site;
-        void (*provoke)();
-    };
+    struct Row { Site site; void (*provoke)(); };
     const Row rows[] = {
         {site::JOIN_LOCK, [] { lockThenJoin(false); }},
         {site::TRYJOIN_LOCK, [] { lockThenJoin(true); }},
@@ -328,7 +299,7 @@ TEST(ThreadDeathTest, FailingCallsReportTheirSite) {
          }},
     };
     for (const Row& row : rows) {
-        EXPECT_DEATH(row.provoke(), reportOf(row.site)) << row.site.line;
+        EXPECT_DEATH(row.provoke(), kivo::test::reportOf(row.site)) << row.site.line;
     }
 }
 
