@@ -2,12 +2,12 @@
 // and a locator given to a batch reaches all of its threads.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "RunCapture.h"
 #include "kivodt/Batch.h"
 #include "kivodt/Runner.h"
 #include "kivodt/Values.h"
@@ -34,26 +34,19 @@ std::vector<double> sampleValues(std::size_t count) {
 const char* const TEXTS[] = {"15JAN2000", "2000-01-15T10:30:00", "01/02/2003", "10:30 PM", ".", "",
                              "  17MAR2021 ", "20000115", "99:99", "garbage text longer than its field"};
 
-// What `kivodt informat` prints for the texts: one value or "invalid" per line.
+// What `kivodt informat` prints for the texts: one value or "invalid" per line; and the same from a batch.
 std::string runnerOutput(const kivodt::ResolvedSpec<kivodt::InformatEntry>& spec,
                          const std::vector<std::string_view>& texts) {
-    char* buffer = nullptr;
-    std::size_t size = 0;
-    std::FILE* out = open_memstream(&buffer, &size);
-    kivodt::runInformat(spec, texts, kivodt::RunOptions{}, {stdin, out, stderr});
-    std::fclose(out);
-    std::string printed(buffer, size);
-    std::free(buffer);
-    return printed;
+    return kivodt::test::capture("", [&](const kivodt::Streams& streams) {
+        return kivodt::runInformat(spec, texts, {}, streams);
+    }).out;
 }
 
 std::string batchOutput(const kivodt::ResolvedSpec<kivodt::InformatEntry>& spec,
                         const std::vector<std::string_view>& texts, int threads) {
     std::string bytes;
     std::vector<std::size_t> offsets{0};
-    for (std::string_view text : texts) {
-        offsets.push_back((bytes += text).size());
-    }
+    for (std::string_view text : texts) offsets.push_back((bytes += text).size());
     std::vector<double> results(texts.size());
     std::vector<unsigned char> accepted(texts.size());
     kivodt::informatBatch(*spec.entry, spec.widthGiven ? spec.width : kivodt::WHOLE_TEXT, spec.decimals,
@@ -92,13 +85,9 @@ TEST(Batch, FormatsAsOneCallPerValueOnAnyNumberOfThreads) {
 TEST(Batch, ReadsAsKivodtDoesOnAnyNumberOfThreads) {
     for (std::size_t size : SIZES) {
         std::vector<std::string_view> texts;
-        for (std::size_t i = 0; i < size; ++i) {
-            texts.emplace_back(TEXTS[i % std::size(TEXTS)]);
-        }
+        for (std::size_t i = 0; i < size; ++i) texts.emplace_back(TEXTS[i % std::size(TEXTS)]);
         for (const kivodt::InformatEntry& entry : kivodt::informatCatalog()) {
-            if (entry.readsBytes) {
-                continue;  // kivodt reads those only as hex pairs; the batch takes the bytes themselves
-            }
+            if (entry.readsBytes) continue;  // kivodt reads those only as hex pairs; the batch takes the bytes
             for (bool widthGiven : {false, true}) {
                 const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, entry.limits.defaultWidth, 0, widthGiven};
                 const std::string expected = runnerOutput(spec, texts);
@@ -116,9 +105,7 @@ TEST(Batch, LocatorReachesEveryThreadOfTheBatchAndTheCallersOneIsTheDefault) {
     own.env().setMissingChar('?');
     const std::vector<double> missing(7, kivo::lum_numeric::MISSING);
     std::string question;
-    for (std::size_t i = 0; i < missing.size(); ++i) {
-        question += "    ?";
-    }
+    for (std::size_t i = 0; i < missing.size(); ++i) question += "    ?";
     const kivodt::FormatEntry& date = *kivodt::findFormat("DATE");
     std::string fields(missing.size() * 5, '#');
     kivodt::formatBatch(date, 5, 0, missing, fields.data(), 3, &own);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "RunCapture.h"
 #include "kivodt/CsvColumns.h"
 #include "kivodt/CsvFieldText.h"
 #include "kivodt/CsvRecords.h"
@@ -15,9 +16,7 @@ namespace {
 // joined by "|", then its terminator with "%" for "\r" and "$" for "\n", and "!" for a quote left open; a record
 // over the limit shows as "<long>". Every byte handed on must add up to the input.
 std::string recordsOf(const std::string& input, char delimiter, std::size_t limit, std::size_t chunkBytes) {
-    std::FILE* in = std::tmpfile();
-    std::fwrite(input.data(), 1, input.size(), in);
-    std::rewind(in);
+    std::FILE* in = kivodt::test::fileWith(input);
     kivodt::CsvRecords records(in, delimiter, limit, chunkBytes);
     std::string seen, bytes;
     kivodt::CsvRecord record;

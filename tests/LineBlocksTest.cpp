@@ -3,9 +3,9 @@
 // block size, with carriage returns, empty lines, a last line without "\n" and lines too long for a block.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
+#include "RunCapture.h"
 #include "kivodt/LineBlocks.h"
 
 namespace {
@@ -27,32 +27,14 @@ int upperCase(std::string_view lines, std::size_t first, std::string& out, std::
     return status;
 }
 
-struct Outcome {
-    std::string out, err;
-    int status;
-};
-
-Outcome run(const std::string& input, int threads, std::size_t blockBytes) {
-    std::FILE* in = std::tmpfile();
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    std::fwrite(input.data(), 1, input.size(), in);
-    std::rewind(in);
+kivodt::test::Captured run(const std::string& input, int threads, std::size_t blockBytes) {
     const auto tooLong = [](std::size_t number, std::string& messages) {
         messages += "line " + std::to_string(number) + " too long\n";
     };
-    const kivodt::LineBlockResult result =
-        kivodt::convertLineBlocks({in, out, err}, threads, upperCase, tooLong, blockBytes);
-    const auto contents = [](std::FILE* file) {
-        std::string text(static_cast<std::size_t>(std::ftell(file)), '\0');
-        std::rewind(file);
-        text.resize(std::fread(text.data(), 1, text.size(), file));
-        std::fclose(file);
-        return text;
-    };
-    Outcome outcome{contents(out), contents(err), result.status};
-    std::fclose(in);
-    return outcome;
+    return kivodt::test::capture(input, [&](const kivodt::Streams& streams) {
+        return kivodt::convertLineBlocks({streams.in, streams.out, streams.err}, threads, upperCase, tooLong, blockBytes)
+            .status;
+    });
 }
 
 TEST(LineBlocks, AnyThreadCountAndBlockSizeGivesTheLineByLineOutput) {
@@ -62,10 +44,10 @@ TEST(LineBlocks, AnyThreadCountAndBlockSizeGivesTheLineByLineOutput) {
     }
     const std::string inputs[] = {"", "\n", "a", "a\nb", "a\r\n\nb\n", "bad\nx\nbad", many};
     for (const std::string& input : inputs) {
-        const Outcome expected = run(input, 1, 1 << 20);
+        const kivodt::test::Captured expected = run(input, 1, 1 << 20);
         for (int threads : {1, 2, 3, 4}) {
             for (std::size_t block : {std::size_t{64}, std::size_t{1000}, std::size_t{1} << 20}) {
-                const Outcome got = run(input, threads, block);
+                const kivodt::test::Captured got = run(input, threads, block);
                 EXPECT_EQ(got.out, expected.out) << threads << " threads, block " << block;
                 EXPECT_EQ(got.err, expected.err) << threads << " threads, block " << block;
                 EXPECT_EQ(got.status, expected.status);
@@ -77,7 +59,7 @@ TEST(LineBlocks, AnyThreadCountAndBlockSizeGivesTheLineByLineOutput) {
 TEST(LineBlocks, ALineLongerThanTheBlockIsNamedAndSkipped) {
     const std::string input = "a\n" + std::string(100, 'x') + "\r\nb\n" + std::string(50, 'y');
     for (int threads : {1, 2}) {
-        const Outcome got = run(input, threads, 16);
+        const kivodt::test::Captured got = run(input, threads, 16);
         EXPECT_EQ(got.out, "A\nB\n");
         EXPECT_EQ(got.err, "line 2 too long\nline 4 too long\n");
         EXPECT_EQ(got.status, 1);
