@@ -22,8 +22,8 @@ constexpr AnydtType TIME = kivo::ANYDT_TIME;
 constexpr AnydtType MISSING = kivo::ANYDT_MISSING;
 constexpr double NONE = 1e300;  // stands for the ordinary missing value in the tables
 
+using kivo::test::at;
 using kivo::test::day;
-double at(int y, int m, int d, double seconds) { return day(y, m, d) * 86400 + seconds; }
 std::uint64_t bits(double x) { return std::bit_cast<std::uint64_t>(x); }
 
 // Each test reads under a locator of its own; styles and cutoffs set here never leak.

@@ -9,10 +9,9 @@
 #include <random>
 #include <string>
 
+#include "HostSupport.h"
 #include "InformatFieldSupport.h"
 #include "kivodt/Catalog.h"
-#include "kivox/Calendar.h"
-#include "kivox/Services.h"
 
 namespace {
 
@@ -33,14 +32,7 @@ enum class Values {
     DATETIME_MINUTES,     // 1582 to 9999, whole minutes
 };
 
-struct RoundTrip {
-    const char* informat;
-    const char* format;
-    int minWidth;
-    int maxWidth;
-    int decimals;
-    Values values;
-};
+struct RoundTrip { const char* informat; const char* format; int minWidth, maxWidth, decimals; Values values; };
 
 void PrintTo(const RoundTrip& r, std::ostream* os) {
     *os << r.informat << " <- " << r.format << r.minWidth << "-" << r.maxWidth << "." << r.decimals;
@@ -49,11 +41,11 @@ void PrintTo(const RoundTrip& r, std::ostream* os) {
 constexpr int VALUES_PER_WIDTH = 2000;
 constexpr double HUNDRED_HOURS = 360000;
 
-double serial(int y, int m, int d) { return static_cast<double>(Date(y, m, d)); }
+using kivo::test::day;
 
 // The first and the last day with a four-digit year.
-const double FIRST_DAY = serial(1582, 1, 1);
-const double LAST_DAY = serial(9999, 12, 31);
+const double FIRST_DAY = day(1582, 1, 1);
+const double LAST_DAY = day(9999, 12, 31);
 
 class ValueSource {
 public:
@@ -61,28 +53,17 @@ public:
 
     double next() {
         switch (kind_) {
-            case Values::DAYS:
-                return uniformDay(FIRST_DAY, LAST_DAY);
-            case Values::FIRST_OF_MONTH:
-                return serial(year(1582, 9999), month(1), 1);
-            case Values::FIRST_OF_QUARTER:
-                return serial(year(1582, 9999), month(3), 1);
-            case Values::MINGUO_DAYS:
-                return uniformDay(serial(1911, 1, 1), serial(2910, 12, 31));
-            case Values::MINGUO_CENTURY_DAYS:
-                return uniformDay(serial(1911, 1, 1), serial(2010, 12, 31));
-            case Values::NENGO_DAYS:
-                return uniformDay(serial(1868, 9, 1), static_cast<double>(Date::localDate()));
-            case Values::TIMES:
-                return grid(0, HUNDRED_HOURS, resolution_);
-            case Values::SIGNED_TIMES:
-                return grid(-HUNDRED_HOURS, HUNDRED_HOURS, 1);
-            case Values::CLOCK_MINUTES:
-                return grid(0, HUNDRED_HOURS, 60);
-            case Values::DATETIMES:
-                return grid(FIRST_DAY * 86400, (LAST_DAY + 1) * 86400, resolution_);
-            case Values::DATETIME_MINUTES:
-                return grid(FIRST_DAY * 86400, (LAST_DAY + 1) * 86400, 60);
+            case Values::DAYS: return uniformDay(FIRST_DAY, LAST_DAY);
+            case Values::FIRST_OF_MONTH: return day(year(1582, 9999), month(1), 1);
+            case Values::FIRST_OF_QUARTER: return day(year(1582, 9999), month(3), 1);
+            case Values::MINGUO_DAYS: return uniformDay(day(1911, 1, 1), day(2910, 12, 31));
+            case Values::MINGUO_CENTURY_DAYS: return uniformDay(day(1911, 1, 1), day(2010, 12, 31));
+            case Values::NENGO_DAYS: return uniformDay(day(1868, 9, 1), static_cast<double>(Date::localDate()));
+            case Values::TIMES: return grid(0, HUNDRED_HOURS, resolution_);
+            case Values::SIGNED_TIMES: return grid(-HUNDRED_HOURS, HUNDRED_HOURS, 1);
+            case Values::CLOCK_MINUTES: return grid(0, HUNDRED_HOURS, 60);
+            case Values::DATETIMES: return grid(FIRST_DAY * 86400, (LAST_DAY + 1) * 86400, resolution_);
+            case Values::DATETIME_MINUTES: return grid(FIRST_DAY * 86400, (LAST_DAY + 1) * 86400, 60);
         }
         return 0;
     }
@@ -116,13 +97,8 @@ class TextInformatRoundTrip : public testing::TestWithParam<RoundTrip> {
 protected:
     // Two-digit-year expansion plays no part here, but a cutoff left by another test must not either.
     // NENGO's latest date is the host's today, fixed here so that no run depends on the clock.
-    void SetUp() override {
-        locator_.systemOptions().setOption("today", "2021-03-17");
-        previous_ = kivo::ServiceLocator::setCurrent(&locator_);
-    }
-    void TearDown() override { kivo::ServiceLocator::setCurrent(previous_); }
-    kivo::ServiceLocator locator_;
-    kivo::ServiceLocator* previous_ = nullptr;
+    void SetUp() override { services_.options().setOption("today", "2021-03-17"); }
+    kivo::test::OwnServices services_;
 };
 
 TEST_P(TextInformatRoundTrip, ReadsBackWhatTheFormatWrote) {
@@ -153,38 +129,24 @@ TEST_P(TextInformatRoundTrip, ReadsBackWhatTheFormatWrote) {
 // The pairs of one layout; the widths are those at which the field carries the whole value (four-digit
 // years, seconds shown), cut to what both entries accept.
 // clang-format off
+constexpr int MAX = kivodt::MAX_FIELD;
 const RoundTrip ROUND_TRIPS[] = {
-    {"DATE",     "DATE",      9, 11,                0, Values::DAYS},
-    {"DDMMYY",   "DDMMYY",   10, 10,                0, Values::DAYS},
-    {"DDMMYY",   "DDMMYYB",  10, 10,                0, Values::DAYS},
-    {"DDMMYY",   "DDMMYYC",  10, 10,                0, Values::DAYS},
-    {"DDMMYY",   "DDMMYYD",  10, 10,                0, Values::DAYS},
-    {"DDMMYY",   "DDMMYYP",  10, 10,                0, Values::DAYS},
-    {"DDMMYY",   "DDMMYYN",   8, 8,                 0, Values::DAYS},
-    {"MMDDYY",   "MMDDYY",   10, 10,                0, Values::DAYS},
-    {"MMDDYY",   "MMDDYYS",  10, 10,                0, Values::DAYS},
-    {"MMDDYY",   "MMDDYYN",   8, 8,                 0, Values::DAYS},
-    {"YYMMDD",   "YYMMDD",   10, 10,                0, Values::DAYS},
-    {"YYMMDD",   "YYMMDDB",  10, 10,                0, Values::DAYS},
-    {"YYMMDD",   "YYMMDDN",   8, 8,                 0, Values::DAYS},
-    {"MONYY",    "MONYY",     7, 7,                 0, Values::FIRST_OF_MONTH},
-    {"YYMMN",    "YYMMN",     6, kivodt::MAX_FIELD, 0, Values::FIRST_OF_MONTH},
-    {"YYQ",      "YYQ",       6, kivodt::MAX_FIELD, 0, Values::FIRST_OF_QUARTER},
-    {"JULIAN",   "JULIAN",    7, kivodt::MAX_FIELD, 0, Values::DAYS},
-    {"MINGUO",   "MINGUO",    7, 10,                0, Values::MINGUO_DAYS},
-    {"MINGUO",   "MINGUO",    6, 6,                 0, Values::MINGUO_CENTURY_DAYS},
-    {"NENGO",    "NENGO",     8, 10,                0, Values::NENGO_DAYS},
-    {"TIME",     "TIME",      8, kivodt::MAX_FIELD, 0, Values::TIMES},
-    {"TIME",     "TIME",     10, kivodt::MAX_FIELD, 0, Values::SIGNED_TIMES},
-    {"TIME",     "TIME",     12, kivodt::MAX_FIELD, 3, Values::TIMES},
-    {"DATETIME", "DATETIME", 19, kivodt::MAX_FIELD, 0, Values::DATETIMES},
-    {"DATETIME", "DATETIME", 21, kivodt::MAX_FIELD, 2, Values::DATETIMES},
-    {"MDYAMPM",  "MDYAMPM",  19, kivodt::MAX_FIELD, 0, Values::DATETIME_MINUTES},
-    {"DMYAMPM",  "DMYAMPM",  19, kivodt::MAX_FIELD, 0, Values::DATETIME_MINUTES},
-    {"MONDYTM",  "MONDYTM",  23, kivodt::MAX_FIELD, 0, Values::DATETIMES},
-    {"MONDYTM",  "MONDYTM",  26, kivodt::MAX_FIELD, 2, Values::DATETIMES},
-    {"HHMMSS",   "TIME",      8, kivodt::MAX_FIELD, 0, Values::TIMES},
-    {"HHMMSS",   "HHMM",      5, kivodt::MAX_FIELD, 0, Values::CLOCK_MINUTES},
+    {"DATE", "DATE", 9, 11, 0, Values::DAYS}, {"DDMMYY", "DDMMYY", 10, 10, 0, Values::DAYS},
+    {"DDMMYY", "DDMMYYB", 10, 10, 0, Values::DAYS}, {"DDMMYY", "DDMMYYC", 10, 10, 0, Values::DAYS},
+    {"DDMMYY", "DDMMYYD", 10, 10, 0, Values::DAYS}, {"DDMMYY", "DDMMYYP", 10, 10, 0, Values::DAYS},
+    {"DDMMYY", "DDMMYYN", 8, 8, 0, Values::DAYS}, {"MMDDYY", "MMDDYY", 10, 10, 0, Values::DAYS},
+    {"MMDDYY", "MMDDYYS", 10, 10, 0, Values::DAYS}, {"MMDDYY", "MMDDYYN", 8, 8, 0, Values::DAYS},
+    {"YYMMDD", "YYMMDD", 10, 10, 0, Values::DAYS}, {"YYMMDD", "YYMMDDB", 10, 10, 0, Values::DAYS},
+    {"YYMMDD", "YYMMDDN", 8, 8, 0, Values::DAYS}, {"MONYY", "MONYY", 7, 7, 0, Values::FIRST_OF_MONTH},
+    {"YYMMN", "YYMMN", 6, MAX, 0, Values::FIRST_OF_MONTH}, {"YYQ", "YYQ", 6, MAX, 0, Values::FIRST_OF_QUARTER},
+    {"JULIAN", "JULIAN", 7, MAX, 0, Values::DAYS}, {"MINGUO", "MINGUO", 7, 10, 0, Values::MINGUO_DAYS},
+    {"MINGUO", "MINGUO", 6, 6, 0, Values::MINGUO_CENTURY_DAYS}, {"NENGO", "NENGO", 8, 10, 0, Values::NENGO_DAYS},
+    {"TIME", "TIME", 8, MAX, 0, Values::TIMES}, {"TIME", "TIME", 10, MAX, 0, Values::SIGNED_TIMES},
+    {"TIME", "TIME", 12, MAX, 3, Values::TIMES}, {"DATETIME", "DATETIME", 19, MAX, 0, Values::DATETIMES},
+    {"DATETIME", "DATETIME", 21, MAX, 2, Values::DATETIMES}, {"MDYAMPM", "MDYAMPM", 19, MAX, 0, Values::DATETIME_MINUTES},
+    {"DMYAMPM", "DMYAMPM", 19, MAX, 0, Values::DATETIME_MINUTES}, {"MONDYTM", "MONDYTM", 23, MAX, 0, Values::DATETIMES},
+    {"MONDYTM", "MONDYTM", 26, MAX, 2, Values::DATETIMES}, {"HHMMSS", "TIME", 8, MAX, 0, Values::TIMES},
+    {"HHMMSS", "HHMM", 5, MAX, 0, Values::CLOCK_MINUTES},
 };
 // clang-format on
 
@@ -198,33 +160,19 @@ INSTANTIATE_TEST_SUITE_P(SameLayout, TextInformatRoundTrip, testing::ValuesIn(RO
 // Fields with two-digit years, under the cutoff 1940: the first and the last day of the window come
 // back as they were; a day just outside it comes back a hundred years off.
 TEST(TextInformatYearWindow, TwoDigitYearsHoldTheHundredYearsFromTheCutoff) {
-    struct Pair {
-        const char* informat;
-        const char* format;
-        int width;
-        double timeOfDay;  // seconds added for the datetime pairs; -1 for the day pairs
-    };
-    const Pair pairs[] = {
-        {"DATE", "DATE", 7, -1},           {"DDMMYY", "DDMMYY", 8, -1},
-        {"DDMMYY", "DDMMYYN", 6, -1},      {"MMDDYY", "MMDDYY", 8, -1},
-        {"YYMMDD", "YYMMDD", 8, -1},       {"MONYY", "MONYY", 5, -1},
-        {"YYMMN", "YYMMN", 4, -1},         {"YYQ", "YYQ", 4, -1},
-        {"JULIAN", "JULIAN", 5, -1},       {"DATETIME", "DATETIME", 16, 45240},
-        {"MDYAMPM", "MDYAMPM", 17, 45240},
-    };
+    // timeOfDay: seconds added for the datetime pairs; -1 for the day pairs.
+    struct Pair { const char* informat; const char* format; int width; double timeOfDay; };
+    const Pair pairs[] = {{"DATE", "DATE", 7, -1},     {"DDMMYY", "DDMMYY", 8, -1}, {"DDMMYY", "DDMMYYN", 6, -1},
+                          {"MMDDYY", "MMDDYY", 8, -1}, {"YYMMDD", "YYMMDD", 8, -1}, {"MONYY", "MONYY", 5, -1},
+                          {"YYMMN", "YYMMN", 4, -1},   {"YYQ", "YYQ", 4, -1},       {"JULIAN", "JULIAN", 5, -1},
+                          {"DATETIME", "DATETIME", 16, 45240}, {"MDYAMPM", "MDYAMPM", 17, 45240}};
     // Written as -> read as; every one the first day of a quarter, so that each layout shows it whole.
-    const struct {
-        double written;
-        double read;
-    } days[] = {
-        {serial(1940, 1, 1), serial(1940, 1, 1)},
-        {serial(2039, 10, 1), serial(2039, 10, 1)},
-        {serial(1939, 10, 1), serial(2039, 10, 1)},
-        {serial(2040, 1, 1), serial(1940, 1, 1)},
-    };
-    kivo::ServiceLocator locator;
-    ASSERT_TRUE(locator.systemOptions().setOption("yearcutoff", "1940"));
-    kivo::ServiceLocator* previous = kivo::ServiceLocator::setCurrent(&locator);
+    const std::pair<double, double> days[] = {{day(1940, 1, 1), day(1940, 1, 1)},
+                                              {day(2039, 10, 1), day(2039, 10, 1)},
+                                              {day(1939, 10, 1), day(2039, 10, 1)},
+                                              {day(2040, 1, 1), day(1940, 1, 1)}};
+    kivo::test::OwnServices services;
+    ASSERT_TRUE(services.options().setOption("yearcutoff", "1940"));
     int checked = 0;
     for (const Pair& pair : pairs) {
         const kivodt::FormatEntry* format = kivodt::findFormat(pair.format);
@@ -232,19 +180,17 @@ TEST(TextInformatYearWindow, TwoDigitYearsHoldTheHundredYearsFromTheCutoff) {
         if (format == nullptr || informat == nullptr) {
             continue;  // a format still to come
         }
-        for (const auto& day : days) {
-            const bool datetime = pair.timeOfDay >= 0;
-            const auto value = [&](double d) { return datetime ? d * 86400 + pair.timeOfDay : d; };
+        for (const auto& [written, read] : days) {
+            const auto value = [&](double d) { return pair.timeOfDay >= 0 ? d * 86400 + pair.timeOfDay : d; };
             char field[kivodt::MAX_FIELD];
-            format->function(field, pair.width, 0, value(day.written));
+            format->function(field, pair.width, 0, value(written));
             const std::string text(field, static_cast<std::size_t>(pair.width));
             const kivo::test::InformatReading reading = kivo::test::readField(informat->function, text);
             EXPECT_EQ(reading.code, 1) << pair.informat << " \"" << text << "\"";
-            EXPECT_EQ(reading.result, value(day.read)) << pair.informat << " \"" << text << "\"";
+            EXPECT_EQ(reading.result, value(read)) << pair.informat << " \"" << text << "\"";
         }
         ++checked;
     }
-    kivo::ServiceLocator::setCurrent(previous);
     EXPECT_GT(checked, 0);
 }
 

@@ -22,8 +22,8 @@ using kivo::test::UNTOUCHED;
 
 constexpr double REJECTED = 1e300;  // stands for "returns 0, result untouched" in the tables
 
+using kivo::test::at;
 using kivo::test::day;
-double at(int y, int m, int d, double seconds) { return day(y, m, d) * 86400 + seconds; }
 
 const double JAN_15_2000 = day(2000, 1, 15);
 
