@@ -20,6 +20,7 @@ $actual
 --- want
 $expected"
 }
+lines() { printf '%s\n' "$@"; }  # lines A B...: the arguments one to a line, for an expected output
 expect() { check out "$@"; }
 fails() { check err "$@"; }
 usage_error() {  # usage_error NAME MESSAGE -- command...: status 2, the message and the pointer to --help
@@ -35,12 +36,10 @@ both_positions() {  # both_positions EXPECTED_OUTPUT "OPTION [ARGUMENT]" COMMAND
     expect "$option after $command" 0 "$expected" -- "$KIVODT" "$command" $option "$@"
 }
 
-expect "DATE9 arguments" 0 "17MAR2021
-01JAN1960" -- "$KIVODT" format DATE9. 22356 0
-expect "lower-case spec, default width, missing values" 0 "01JAN60
-      A" -- "$KIVODT" format date 0 .a
-expect "standard input, a bad line goes on" 1 "01JAN1960
-02JAN1960" -- sh -c "printf '0\nabc\n1\n' | '$KIVODT' format DATE9."
+expect "DATE9 arguments" 0 "$(lines 17MAR2021 01JAN1960)" -- "$KIVODT" format DATE9. 22356 0
+expect "lower-case spec, default width, missing values" 0 "$(lines 01JAN60 '      A')" -- "$KIVODT" format date 0 .a
+expect "standard input, a bad line goes on" 1 "$(lines 01JAN1960 02JAN1960)" -- \
+    sh -c "printf '0\nabc\n1\n' | '$KIVODT' format DATE9."
 usage_error "width out of range" "width 12 is outside the range of DATE: widths 5-11 (default 7)" -- \
     "$KIVODT" format DATE12. 0
 usage_error "decimals out of range" "decimals 4 are outside the range of TIME.4: decimals 0-3" -- \
@@ -54,22 +53,16 @@ expect "help after the command" 0 "usage:" -- sh -c "'$KIVODT' format --help | h
 expect "after SPEC, -5 is a value" 0 "27DEC1959" -- "$KIVODT" format DATE9. -5
 
 # The front end's own numeric formats.
-expect "BEST12" 0 "3.1415926536
-     -1E-300
-           0" -- "$KIVODT" format BEST12. 3.14159265358979 -1e-300 0
-expect "BEST default width, narrow widths" 0 "     1234567
-  0
-***" -- sh -c "'$KIVODT' format best 1234567 && '$KIVODT' format BEST3. -0.001 1e10"
-expect "D8.3, E10" 0 "  1.0000
- 1.235E+04
--1.235E+04" -- sh -c "'$KIVODT' format D8.3 1 && '$KIVODT' format E10. 12345 -12345"
-expect "w.d, missing on the point" 0 "    1234.568
-     .  " -- sh -c "'$KIVODT' format 12.3 1234.5678 && '$KIVODT' format 8.2 ."
-expect "PERCENT" 0 " 12.35% 
-(50.00%)" -- "$KIVODT" format PERCENT8.2 0.12345 -0.5
-expect "ANYDTDTE values printed" 0 "14624
-0
-." -- "$KIVODT" informat ANYDTDTE. 15JAN2000 "10:30 PM" JANUARY2000
+expect "BEST12" 0 "$(lines 3.1415926536 '     -1E-300' '           0')" -- \
+    "$KIVODT" format BEST12. 3.14159265358979 -1e-300 0
+expect "BEST default width, narrow widths" 0 "$(lines '     1234567' '  0' '***')" -- \
+    sh -c "'$KIVODT' format best 1234567 && '$KIVODT' format BEST3. -0.001 1e10"
+expect "D8.3, E10" 0 "$(lines '  1.0000' ' 1.235E+04' '-1.235E+04')" -- \
+    sh -c "'$KIVODT' format D8.3 1 && '$KIVODT' format E10. 12345 -12345"
+expect "w.d, missing on the point" 0 "$(lines '    1234.568' '     .  ')" -- \
+    sh -c "'$KIVODT' format 12.3 1234.5678 && '$KIVODT' format 8.2 ."
+expect "PERCENT" 0 "$(lines ' 12.35% ' '(50.00%)')" -- "$KIVODT" format PERCENT8.2 0.12345 -0.5
+expect "ANYDTDTE values printed" 0 "$(lines 14624 0 .)" -- "$KIVODT" informat ANYDTDTE. 15JAN2000 "10:30 PM" JANUARY2000
 
 both_positions "2031" "--hex" format DAY2. 0
 both_positions "15737" "--datestyle dmy" informat ANYDTDTE 01/02/2003
@@ -77,8 +70,8 @@ both_positions "-14974" "--yearcutoff 1900" informat ANYDTDTE 01/02/19
 both_positions "      ?" "--missing-char ?" format DATE7. .
 both_positions "**********" "--today 2021-03-16" format NENGO10. 22356
 
-expect "convert, standard input, a datetime to its day" 0 "17MAR2021
-15JAN2000" -- sh -c "printf '2021-03-17T23:59:59\n2000-01-15 10:30\n' | '$KIVODT' convert ANYDTDTM DATE9."
+expect "convert, standard input, a datetime to its day" 0 "$(lines 17MAR2021 15JAN2000)" -- \
+    sh -c "printf '2021-03-17T23:59:59\n2000-01-15 10:30\n' | '$KIVODT' convert ANYDTDTM DATE9."
 usage_error "convert a time to a date" "ANYDTTME reads a time, which DATE cannot show (it shows a day serial)" -- \
     "$KIVODT" convert ANYDTTME DATE9. 1:30
 usage_error "convert needs two specs" "convert needs an INFORMAT and a FORMAT" -- "$KIVODT" convert ANYDTDTE
@@ -87,8 +80,8 @@ usage_error "convert a packed format as text" "PDJULG writes bytes, not text: ru
     "$KIVODT" convert ANYDTDTE PDJULG4. 2021-03-17
 fails "convert a rejected text named" 1 'kivodt: argument 2: not read by DATE: "17XYZ2021"' -- \
     "$KIVODT" convert DATE9. DATE11. 17MAR2021 17XYZ2021
-expect "convert --keep" 1 "17-MAR-2021
-17XYZ2021" -- "$KIVODT" convert --keep DATE9. DATE11. 17MAR2021 17XYZ2021
+expect "convert --keep" 1 "$(lines 17-MAR-2021 17XYZ2021)" -- \
+    "$KIVODT" convert --keep DATE9. DATE11. 17MAR2021 17XYZ2021
 
 csv() {  # csv NAME STATUS INPUT EXPECTED_OUTPUT -- kivodt arguments...: exact bytes, escapes as printf %b
     name=$1 status=$2 input=$3 expected=$4
@@ -126,12 +119,10 @@ expect "NENGO after the today of KIVO_TODAY" 0 "*********" -- env KIVO_TODAY=201
 expect "NENGO up to the today of KIVO_TODAY" 0 "R01/05/01" -- env KIVO_TODAY=2019-05-01 "$KIVODT" format NENGO9. 21670
 
 # Bytes as hex pairs, both ways.
-expect "PDJULI as hex" 0 "0121076F
-0000000F" -- "$KIVODT" --hex format PDJULI 22356 .
+expect "PDJULI as hex" 0 "$(lines 0121076F 0000000F)" -- "$KIVODT" --hex format PDJULI 22356 .
 fails "packed bytes need --hex" 2 "kivodt: PDJULG writes bytes, not text: run it with --hex" -- \
     "$KIVODT" format PDJULG4. 22356
-expect "packed time as hex pairs" 0 "5025
-." -- "$KIVODT" --hex informat PDTIME4. 0012345C 00123455
+expect "packed time as hex pairs" 0 "$(lines 5025 .)" -- "$KIVODT" --hex informat PDTIME4. 0012345C 00123455
 fails "packed time without --hex" 2 "kivodt: PDTIME reads bytes, not text: give them as hex pairs with --hex" -- \
     "$KIVODT" informat PDTIME4. 0012345C
 
