@@ -21,14 +21,10 @@ TEST(HostTodayOption, TakesRealDaysWrittenYearMonthDay) {
     };
     for (const Case& c : cases) {
         kivo::SystemOptions options;
-        EXPECT_EQ(options.setOption("today", c.text), c.serial != 0) << c.text;
-        if (c.serial != 0) {
-            EXPECT_EQ(options.todaySerial(), c.serial) << c.text;
-            EXPECT_STREQ(options.getOption("today"), c.text);
-        } else {
-            EXPECT_EQ(options.todaySerial(), kivo::SystemOptions::CLOCK_TODAY) << c.text;
-            EXPECT_STREQ(options.getOption("today"), "");
-        }
+        const bool taken = c.serial != 0;
+        EXPECT_EQ(options.setOption("today", c.text), taken) << c.text;
+        EXPECT_EQ(options.todaySerial(), taken ? c.serial : kivo::SystemOptions::CLOCK_TODAY) << c.text;
+        EXPECT_STREQ(options.getOption("today"), taken ? c.text : "");
     }
 }
 
