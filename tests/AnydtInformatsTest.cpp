@@ -25,10 +25,16 @@ constexpr double NONE = 1e300;  // stands for the ordinary missing value in the 
 using kivo::test::at;
 using kivo::test::day;
 std::uint64_t bits(double x) { return std::bit_cast<std::uint64_t>(x); }
+void expectResult(double result, double expected, const std::string& where) {
+    if (expected == NONE) {
+        EXPECT_EQ(bits(result), bits(kivo::lum_numeric::MISSING)) << where;
+    } else {
+        EXPECT_DOUBLE_EQ(result, expected) << where;
+    }
+}
 
 // Each test reads under a locator of its own; styles and cutoffs set here never leak.
-class AnydtTest : public ::testing::Test {
-protected:
+struct AnydtTest : ::testing::Test {
     void use(const char* style, const char* cutoff) {
         ASSERT_TRUE(services_.options().setOption("datestyle", style));
         ASSERT_TRUE(services_.options().setOption("yearcutoff", cutoff));
@@ -36,13 +42,8 @@ protected:
     kivo::test::OwnServices services_;
 };
 
-struct ReadCase {
-    const char* field;
-    double result;  // NONE: not recognised (missing result, type datetime)
-    AnydtType type;
-    const char* style = "mdy";
-    const char* cutoff = "1940";
-};
+// result NONE: not recognised (missing result, type datetime).
+struct ReadCase { const char* field; double result; AnydtType type; const char* style = "mdy", *cutoff = "1940"; };
 
 // Digits that fit all three rare orders (dym, myd, ydm) read as the number they spell.
 const ReadCase READ_CASES[] = {
@@ -79,11 +80,7 @@ TEST_F(AnydtTest, LayoutsUnderStylesAndCutoffs) {
         const std::string where = std::string(c.field) + " [" + c.style + " " + c.cutoff + "]";
         EXPECT_EQ(read, c.result != NONE) << where;
         EXPECT_EQ(type, c.type) << where;
-        if (c.result == NONE || c.type == MISSING) {
-            EXPECT_EQ(bits(result), bits(kivo::lum_numeric::MISSING)) << where;
-        } else {
-            EXPECT_DOUBLE_EQ(result, c.result) << where;
-        }
+        expectResult(result, c.result == NONE || c.type == MISSING ? NONE : c.result, where);
     }
 }
 
@@ -114,11 +111,7 @@ TEST_F(AnydtTest, InformatsConvertByType) {
     for (const ConversionCase& c : cases) {
         double result = 12345;
         EXPECT_EQ(c.informat(c.field, static_cast<int>(std::strlen(c.field)), 0, 0, &result), 1) << c.field;
-        if (c.result == NONE) {
-            EXPECT_EQ(bits(result), bits(kivo::lum_numeric::MISSING)) << c.field;
-        } else {
-            EXPECT_DOUBLE_EQ(result, c.result) << c.field;
-        }
+        expectResult(result, c.result, c.field);
     }
 }
 
