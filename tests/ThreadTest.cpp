@@ -33,16 +33,11 @@ extern "C" int sched_yield() noexcept {
 
 namespace {
 
-using kivo::detail::thread_failure::Site;
-
 // A block the test makes itself: it counts its destructions, passes itself to its body and may use an
 // error-checking mutex, so that locking it twice fails instead of hanging.
-class ProbeBlock final : public kivo::detail::thread_data_base {
-public:
-    using Body = std::function<void(ProbeBlock&)>;
+struct ProbeBlock final : kivo::detail::thread_data_base {
     static inline std::atomic<int> destroyed{0};
-
-    explicit ProbeBlock(Body body, bool errorChecking = false) : body_(std::move(body)) {
+    explicit ProbeBlock(std::function<void(ProbeBlock&)> body, bool errorChecking = false) : body(std::move(body)) {
         pthread_mutexattr_t attributes;
         pthread_mutexattr_init(&attributes);
         pthread_mutexattr_settype(&attributes, errorChecking ? PTHREAD_MUTEX_ERRORCHECK : PTHREAD_MUTEX_DEFAULT);
@@ -50,33 +45,47 @@ public:
         pthread_mutexattr_destroy(&attributes);
     }
     ~ProbeBlock() override { ++destroyed; }
-    void run() override { body_(*this); }
-    Body body_;
+    void run() override { body(*this); }
+    std::function<void(ProbeBlock&)> body;
 };
 
-// A handle on a ProbeBlock; block() stays usable as long as someone holds the block.
+// A handle on a ProbeBlock; block stays usable as long as someone holds it.
 struct ProbeThread : kivo::thread {
     explicit ProbeThread(ProbeBlock* block) : kivo::thread(block), block(*block) { start_thread(); }
     ProbeBlock& block;
 };
 
-// A body that never returns unless it is cancelled. clock_nanosleep is a cancellation point that
-// ThreadSanitizer does not wrap, so it still sees the locks taken as the cancellation unwinds the body;
-// the hour lies outside the stack, whose sanitizer marks the unwinding would leave behind.
+// A thread whose body never returns unless it is cancelled, once it has started; with signalOnUnwind its
+// body gives the done signal (which join() waits for) as the cancellation unwinds it. clock_nanosleep
+// is a cancellation point that ThreadSanitizer does not wrap, so it still sees the locks taken as the
+// cancellation unwinds the body; the hour lies outside the stack, whose sanitizer marks the unwinding
+// would leave behind. A cancelled thread never drops its reference, so its block outlives the test by
+// design: the leak checker is told to ignore it.
 constexpr timespec HOUR{3600, 0};
-[[noreturn]] void sleepUntilCancelled(std::latch& started) {
-    started.count_down();
-    for (;;) clock_nanosleep(CLOCK_MONOTONIC, 0, &HOUR, nullptr);
-}
-
-// A cancelled thread never drops its reference, so its block outlives the test by design: the leak
-// checker is told to ignore that block (and what it holds) in the cancellation tests only.
-void expectLeakOf(ProbeBlock* block) {
+ProbeBlock* startBlocked(std::unique_ptr<ProbeThread>& handle, bool signalOnUnwind) {
+    const auto started = std::make_shared<std::latch>(1);  // the body's to hold: it may still be counting down
+    auto* block = new ProbeBlock([started, signalOnUnwind](ProbeBlock& self) {
+        struct SignalDoneOnExit {
+            ProbeBlock& block;
+            bool on;
+            ~SignalDoneOnExit() { on ? block.signalDone() : void(); }
+        } signal{self, signalOnUnwind};
+        started->count_down();
+        for (;;) clock_nanosleep(CLOCK_MONOTONIC, 0, &HOUR, nullptr);
+    });
 #if defined(__SANITIZE_ADDRESS__)
     __lsan_ignore_object(block);
-#else
-    (void)block;
 #endif
+    handle = std::make_unique<ProbeThread>(block);
+    started->wait();
+    return block;
+}
+
+// A thread that has finished its body.
+void finish(kivo::thread& quick) {
+    const auto finished = std::make_shared<std::latch>(1);
+    quick = kivo::thread([finished] { finished->count_down(); });
+    finished->wait();
 }
 
 rlim_t setSoftStackLimit(rlim_t limit) {  // gives the limit it replaced
@@ -116,14 +125,12 @@ TEST(Thread, StartsTheCallableWithCopiesOfItsArgumentsAndJoinsAndAnEmptyHandleNe
     adder.join();
     EXPECT_FALSE(adder.joinable());
     EXPECT_EQ(sum, 42);
-
-    std::latch finished(1);
-    kivo::thread quick([&finished] { finished.count_down(); });
-    finished.wait();
+    kivo::thread quick;
+    finish(quick);
     EXPECT_TRUE(quick.tryjoin(10000));
     EXPECT_FALSE(quick.joinable());
 
-    kivo::thread empty;  // returns at once from every wait
+    kivo::thread empty;
     empty.join();
     EXPECT_TRUE(empty.tryjoin(0));
     empty.terminate();
@@ -166,44 +173,29 @@ TEST(Thread, DestroyedHandleLetsItsRunningThreadFreeTheBlock) {
 
 TEST(Thread, TerminateCancelsABlockedThreadAndJoinsIt) {
     const int before = ProbeBlock::destroyed;
-    std::latch started(1);
-    // join() waits for the done signal, so this body gives it as the cancellation unwinds it.
-    auto* block = new ProbeBlock([&started](ProbeBlock& self) {
-        struct SignalDoneOnExit {
-            ProbeBlock& block;
-            ~SignalDoneOnExit() { block.signalDone(); }
-        } signal{self};
-        sleepUntilCancelled(started);
-    });
-    expectLeakOf(block);
-    ProbeThread blocked(block);
-    started.wait();
-    blocked.terminate();
-    EXPECT_FALSE(blocked.joinable());
+    std::unique_ptr<ProbeThread> blocked;
+    startBlocked(blocked, true);
+    blocked->terminate();
+    EXPECT_FALSE(blocked->joinable());
     EXPECT_EQ(ProbeBlock::destroyed, before) << "a cancelled thread keeps its reference";
 }
 
-TEST(Thread, TryterminateOfABlockedThreadTimesOutWithoutTheDoneSignal) {
-    std::latch started(1);
-    auto* block = new ProbeBlock([&started](ProbeBlock&) { sleepUntilCancelled(started); });
-    expectLeakOf(block);
-    ProbeThread blocked(block);
-    started.wait();
-    EXPECT_FALSE(blocked.tryterminate(50));
-    EXPECT_TRUE(blocked.joinable());
+TEST(Thread, TryterminateTimesOutWithoutTheDoneSignalAndSucceedsWithIt) {
+    std::unique_ptr<ProbeThread> blocked;
+    ProbeBlock* block = startBlocked(blocked, false);
+    EXPECT_FALSE(blocked->tryterminate(50));
+    EXPECT_TRUE(blocked->joinable());
     void* result = nullptr;
     ASSERT_EQ(pthread_join(block->thread_handle_, &result), 0);
     EXPECT_EQ(result, PTHREAD_CANCELED);
 
-    std::latch finished(1);
-    kivo::thread quick([&finished] { finished.count_down(); });
-    finished.wait();
+    kivo::thread quick;
+    finish(quick);
     EXPECT_TRUE(quick.tryterminate(10000)) << "a body that had finished gave its done signal";
 }
 
 TEST(Thread, IdsCompareByThreadAndDefaultIdsAreEqual) {
-    const kivo::thread::id none;
-    const kivo::thread::id self = kivo::this_thread::get_id();
+    const kivo::thread::id none, self = kivo::this_thread::get_id();
     kivo::thread::id other;
     kivo::thread([&other] { other = kivo::this_thread::get_id(); }).join();
     struct Row { kivo::thread::id a, b; bool equal; };
@@ -268,7 +260,8 @@ TEST(ThreadDeathTest, NewThreadGetsTheSoftStackLimitWhenItIsARealLimitAbove8191B
 
 // Each failing call the thread class can be made to meet, and the report it must give. (A cancel does
 // not fail on this system's threads, and an unlock, wait or signal cannot be made to fail after the
-// lock before it succeeded.)
+// lock before it succeeded.) A second lock of the error-checking mutex fails; a thread joining itself
+// fails.
 void lockThenJoin(bool timed) {
     ProbeThread handle(new ProbeBlock([](ProbeBlock&) {}, true));
     pthread_mutex_lock(&handle.block.doneMtx_);
@@ -284,22 +277,17 @@ void joinItself(bool timed) {
 TEST(ThreadDeathTest, FailingCallsReportTheirSite) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     namespace site = kivo::detail::thread_failure;
-    struct Row { Site site; void (*provoke)(); };
-    const Row rows[] = {
+    const std::pair<site::Site, void (*)()> rows[] = {
         {site::JOIN_LOCK, [] { lockThenJoin(false); }},
         {site::TRYJOIN_LOCK, [] { lockThenJoin(true); }},
         {site::SIGNAL_DONE_LOCK,
          [] { ProbeThread(new ProbeBlock([](ProbeBlock& self) { pthread_mutex_lock(&self.doneMtx_); }, true)).join(); }},
         {site::JOIN_PTHREAD_JOIN, [] { joinItself(false); }},
         {site::TRYJOIN_PTHREAD_JOIN, [] { joinItself(true); }},
-        {site::YIELD,
-         [] {
-             failingYield = true;
-             kivo::this_thread::yield();
-         }},
+        {site::YIELD, [] { failingYield = true, kivo::this_thread::yield(); }},
     };
-    for (const Row& row : rows) {
-        EXPECT_DEATH(row.provoke(), kivo::test::reportOf(row.site)) << row.site.line;
+    for (const auto& [site, provoke] : rows) {
+        EXPECT_DEATH(provoke(), kivo::test::reportOf(site)) << site.line;
     }
 }
 
