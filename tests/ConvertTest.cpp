@@ -33,15 +33,6 @@ int digitsInformat(const char* text, int width, int, int, double* result) {
 const kivodt::InformatEntry DIGITS{
     "DIGITS", "", digitsInformat, {1, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::DAY};
 
-// A format whose field holds the delimiter and quotes: a CSV must quote what it writes.
-int quotingFormat(char* field, int width, int, double) {
-    const std::string text = std::string(static_cast<std::size_t>(width) - 5, ' ') + "\"a\",b";
-    text.copy(field, text.size());
-    return 0;
-}
-const kivodt::FormatEntry QUOTING{
-    "QUOTING", "", quotingFormat, {6, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::NUMBER};
-
 kivodt::FieldConverter formatting(const kivodt::ResolvedSpec<kivodt::FormatEntry>& spec, bool hexOutput = false) {
     kivodt::FieldConverter converter;
     std::string error;
@@ -149,13 +140,8 @@ TEST(KivodtCsv, ConvertsTheChosenColumnsAndKeepsEveryOtherByte) {
     checkCsv(converting(informat("ANYDTDTE"), "DATE9."), {}, cases);
 }
 
-// Delimiters, --no-header and --keep-blanks are checked end to end by the CLI script.
-TEST(KivodtCsv, AFieldWrittenIsQuotedWhenItHoldsTheDelimiterOrAQuote) {
-    const CsvCase written[] = {{"a,b\n1,5\n", "b", "a,b\n1,\"\"\"a\"\",b\"\n", 0, ""}};
-    const kivodt::ResolvedSpec<kivodt::FormatEntry> quoting{&QUOTING, 8, 0, true};
-    checkCsv(formatting(quoting), {}, written);
-}
-
+// Delimiters, --no-header, --keep-blanks and a written field quoted are checked end to end by the CLI
+// script.
 TEST(KivodtCsv, AFieldThatCannotBeUsedIsNamedAndLeftEmptyOrAsItCame) {
     const kivodt::FieldConverter converter = converting(DIGITS8, "DATE9.");
     const char* input = "n,day\n1,22356\n2,\"x,1\"\n";

@@ -98,6 +98,8 @@ csv "csv by number, no header, semicolons" 0 '1;22356;x\n2;;y\n' '1;17MAR2021;x\
     --csv 2 --no-header --delimiter ';' format DATE9.
 csv "csv tab delimiter, blanks kept" 0 'a\tb\n.\t0\n' 'a\tb\n        .\t01JAN1960\n' -- \
     --csv 1,2 --delimiter tab --keep-blanks format DATE9.
+csv "csv output field holding the delimiter, quoted" 0 'id,day\n1,22356\n' 'id,day\n1,"March 17, 2021"\n' -- \
+    --csv day format WORDDATE18.
 usage_error "csv option without --csv" "--no-header, --delimiter and --keep-blanks go with --csv" -- \
     "$KIVODT" format --no-header DATE9. 0
 usage_error "csv with values" "--csv reads standard input, so it takes no VALUE or TEXT arguments" -- \
