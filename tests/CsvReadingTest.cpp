@@ -44,8 +44,7 @@ std::string recordsOf(const std::string& input, char delimiter, std::size_t limi
 
 TEST(CsvRecords, SplitsFieldsAndRecordsWhereverTheChunksEnd) {
     const std::pair<const char*, const char*> cases[] = {
-        {"a,b,c\n1,2,3\n", "1:a|b|c$ 2:1|2|3$ "},
-        {"a,b\r\n1,2\r\n", "1:a|b%$ 2:1|2%$ "},
+        {"a,b,c\n1,2,3\n", "1:a|b|c$ 2:1|2|3$ "}, {"a,b\r\n1,2\r\n", "1:a|b%$ 2:1|2%$ "},
         {"a,b\r\n1,2", "1:a|b%$ 2:1|2 "},  // no terminator at the end
         {"a,b\r", "1:a|b% "},              // a CR at the end ends the record
         {"\"x,y\",\"say \"\"hi\"\"\",\n", "1:\"x,y\"|\"say \"\"hi\"\"\"|$ "},
@@ -54,9 +53,7 @@ TEST(CsvRecords, SplitsFieldsAndRecordsWhereverTheChunksEnd) {
         {"a\rb,c\n", "1:a\rb|c$ "},             // a lone CR is text
         {"ab\"c,d\n", "1:ab\"c|d$ "},           // a quote inside an unquoted field is text
         {"\"ab\"c,d\n", "1:\"ab\"c|d$ "},       // and so is text after a closing quote
-        {",,\n\n", "1:||$ 2:$ "},
-        {"", ""},
-        {"\"open,\nto the end", "1:\"open,\nto the end! "},
+        {",,\n\n", "1:||$ 2:$ "}, {"", ""}, {"\"open,\nto the end", "1:\"open,\nto the end! "},
         {"\"open\r", "1:\"open\r! "},
     };
     for (const auto& [input, records] : cases) {
@@ -90,13 +87,8 @@ TEST(CsvFieldText, TakesQuotesOffAndPutsThemOnWhereNeeded) {
         EXPECT_EQ(out, std::string("<") + text) << field;
     }
     const std::pair<const char*, const char*> written[] = {
-        {"17MAR2021", "17MAR2021"},
-        {"March 17, 2021", "\"March 17, 2021\""},
-        {"a\"b", "\"a\"\"b\""},
-        {"a\nb", "\"a\nb\""},
-        {"a\rb", "\"a\rb\""},
-        {"a;b", "a;b"},
-        {"", ""},
+        {"17MAR2021", "17MAR2021"}, {"March 17, 2021", "\"March 17, 2021\""}, {"a\"b", "\"a\"\"b\""},
+        {"a\nb", "\"a\nb\""},       {"a\rb", "\"a\rb\""},                   {"a;b", "a;b"}, {"", ""},
     };
     for (const auto& [text, field] : written) {
         std::string out;

@@ -69,14 +69,9 @@ INSTANTIATE_TEST_SUITE_P(Tod, TimeFormats, testing::ValuesIn(kivo::test::rows({
 
 // The carry of the seconds at every number of decimals: a hair below the rounding boundary shows the
 // last second with all nines, a hair above shows the next minute.
-struct CarryLayout {
-    KivoFormatFunction format;
-    int widthAtNoDecimals;
-    const char* below;
-    const char* above;
-    double slack;  // TIME's increment is 1e-8 above the half unit
-    const char* suffix = "";
-};
+// slack: TIME's increment is 1e-8 above the half unit.
+struct CarryLayout { KivoFormatFunction format; int widthAtNoDecimals; const char *below, *above; double slack;
+                     const char* suffix = ""; };
 
 class SecondsCarry : public testing::TestWithParam<CarryLayout> {};
 
