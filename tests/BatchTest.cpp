@@ -146,9 +146,7 @@ int upperCase(std::string_view lines, std::size_t first, std::string& out, std::
             status = 1;
             return;
         }
-        for (char c : line) {
-            out += static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
-        }
+        for (char c : line) out += static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
         out += '\n';
     });
     return status;

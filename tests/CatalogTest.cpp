@@ -60,9 +60,7 @@ std::set<std::string> exportedEntryPoints() {
             const bool entryPoint = !line.empty() && std::all_of(line.begin(), line.end(), [](char c) {
                 return std::isalpha(static_cast<unsigned char>(c)) != 0;
             });
-            if (entryPoint && (line.ends_with("Format") || line.ends_with("Informat"))) {
-                names.insert(line);
-            }
+            if (entryPoint && (line.ends_with("Format") || line.ends_with("Informat"))) names.insert(line);
         }
     }
     return names;
@@ -241,9 +239,7 @@ TEST(CatalogSweep, EveryInformatReadsOnlyItsFieldAndLeavesARejectedResultAlone) 
 // The values next to the calendar's first day (1 January 1582) and after its last (31 December 20000).
 std::pair<double, double> beyondTheCalendar(kivodt::ValueKind kind) {
     constexpr double FIRST_DAY = -138061, LAST_DAY = 6589340, DAY = 86400;
-    if (kind == kivodt::ValueKind::DAY) {
-        return {FIRST_DAY - 1, LAST_DAY + 1};
-    }
+    if (kind == kivodt::ValueKind::DAY) return {FIRST_DAY - 1, LAST_DAY + 1};
     return {FIRST_DAY * DAY - 0.5, (LAST_DAY + 1) * DAY};
 }
 

@@ -17,16 +17,10 @@ using Arguments = std::vector<std::string_view>;
 std::string meaningOf(const Arguments& arguments) {
     kivodt::CommandLine line;
     std::string error;
-    if (!kivodt::parseCommandLine(arguments, line, error)) {
-        return "error: " + error;
-    }
-    if (line.help) {
-        return "help";
-    }
+    if (!kivodt::parseCommandLine(arguments, line, error)) return "error: " + error;
+    if (line.help) return "help";
     kivo::ServiceLocator session;
-    if (!kivodt::applySettings(line, session, error)) {
-        return "refused: " + error;
-    }
+    if (!kivodt::applySettings(line, session, error)) return "refused: " + error;
     std::string meaning;
     const std::pair<bool, const char*> switches[] = {
         {line.hex, "hex"},   {line.hexInput, "hex-in"},       {line.hexOutput, "hex-out"},
@@ -50,9 +44,7 @@ TEST(KivodtCommandLine, EveryOptionMeansTheSameBeforeAndAfterTheCommand) {
     for (const kivodt::CommandLineOption& option : kivodt::commandLineOptions()) {
         ASSERT_TRUE(!option.takesArgument() || samples.contains(option.name)) << option.name << " needs a sample";
         Arguments before = {option.name}, after = {"informat", option.name};
-        if (option.takesArgument()) {
-            before.push_back(samples.at(option.name)), after.push_back(samples.at(option.name));
-        }
+        if (option.takesArgument()) before.push_back(samples.at(option.name)), after.push_back(samples.at(option.name));
         before.insert(before.end(), {"informat", "ANYDTDTE", "01/02/03"});
         after.insert(after.end(), {"ANYDTDTE", "01/02/03"});
         const std::string meaning = meaningOf(before);
@@ -87,9 +79,7 @@ TEST(KivodtCommandLine, BadCommandLinesAreNamed) {
         {{"--yearcutoff", "19x0", "list"}, "refused: --yearcutoff takes a year from 1582 to 19900, not \"19x0\""},
         {{"format", "--missing-char", "ab", "DATE9."}, "refused: --missing-char takes one character, not \"ab\""},
     };
-    for (const auto& [arguments, meaning] : cases) {
-        EXPECT_EQ(meaningOf(arguments), meaning);
-    }
+    for (const auto& [arguments, meaning] : cases) EXPECT_EQ(meaningOf(arguments), meaning);
 }
 
 }  // namespace

@@ -113,9 +113,7 @@ std::string columnsOf(const char* list, bool header, std::vector<std::string> na
         return error;
     }
     std::string shown;
-    for (const std::size_t index : indexes) {
-        shown += (shown.empty() ? "" : ",") + std::to_string(index);
-    }
+    for (const std::size_t index : indexes) shown += (shown.empty() ? "" : ",") + std::to_string(index);
     return shown;
 }
 

@@ -156,9 +156,7 @@ void expectFamily(int narrowest, std::span<const Variant> variants, std::initial
             const double value = variant.secondsSerial ? row.day * 86400 + 43200 : row.day;
             int width = narrowest;
             for (std::string expected : row.byWidth) {
-                for (char& c : expected) {
-                    c = c == 'x' ? variant.separator : c;
-                }
+                for (char& c : expected) c = c == 'x' ? variant.separator : c;
                 EXPECT_EQ(formatField(variant.format, width, 0, value), expected)
                     << variant.name << width << ". of day " << row.day;
                 ++width;

@@ -38,9 +38,7 @@ TEST(HostCalendar, EveryValidDayAgreesWithAnIncrementalCalendar) {
         ++dayOfYear;
         if (++day > monthLength(year, month)) {
             day = 1;
-            if (++month > 12) {
-                month = 1, dayOfYear = 1, ++year;
-            }
+            if (++month > 12) month = 1, dayOfYear = 1, ++year;
         }
     }
     EXPECT_EQ(year, 20001);

@@ -194,18 +194,14 @@ void checkLayout(Layout layout, int seed) {
     std::mt19937_64 random(static_cast<std::uint64_t>(seed));
     for (int n = 0; n < 2500; ++n) {
         double x = randomValue(random);
-        if (layout == PERCENT) {
-            x = std::fabs(x);
-        }
+        if (layout == PERCENT) x = std::fabs(x);
         for (int width = 1; width <= 32; ++width) {
             // D takes any count of significant decimals; the others stay below the width.
             const std::uint64_t decimalsRange = layout == D ? 32 : static_cast<std::uint64_t>(width);
             const int decimals = static_cast<int>(random() % decimalsRange);
             const std::string text = layOut(layout, x, width, decimals);
             ASSERT_FALSE(::testing::Test::HasFailure());
-            if (text == "*") {
-                continue;
-            }
+            if (text == "*") continue;
             double shown = 0;
             double unit = 0;
             ASSERT_TRUE(readBack(text, shown, unit)) << "\"" << text << "\" for " << x;

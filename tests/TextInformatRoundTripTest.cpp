@@ -99,9 +99,7 @@ TEST_P(TextInformatRoundTrip, ReadsBackWhatTheFormatWrote) {
     const kivodt::FormatEntry* format = kivodt::findFormat(trip.format);
     const kivodt::InformatEntry* informat = kivodt::findInformat(trip.informat);
     ASSERT_NE(informat, nullptr) << trip.informat;
-    if (format == nullptr) {
-        GTEST_SKIP() << "the " << trip.format << " format is not in the catalog yet";
-    }
+    if (format == nullptr) GTEST_SKIP() << "the " << trip.format << " format is not in the catalog yet";
     const int first = std::max({trip.minWidth, format->limits.minWidth, informat->limits.minWidth});
     const int last = std::min({trip.maxWidth, format->limits.maxWidth, informat->limits.maxWidth});
     ASSERT_LE(first, last) << "no width in common";

@@ -286,9 +286,7 @@ TEST(ThreadDeathTest, FailingCallsReportTheirSite) {
         {site::TRYJOIN_PTHREAD_JOIN, [] { joinItself(true); }},
         {site::YIELD, [] { failingYield = true, kivo::this_thread::yield(); }},
     };
-    for (const auto& [site, provoke] : rows) {
-        EXPECT_DEATH(provoke(), kivo::test::reportOf(site)) << site.line;
-    }
+    for (const auto& [site, provoke] : rows) EXPECT_DEATH(provoke(), kivo::test::reportOf(site)) << site.line;
 }
 
 }  // namespace

@@ -159,9 +159,7 @@ TEST(PackedJulianFormats, BytesByWidth) {
         {pdjuliFormat, 4, Y12021, "9999996F"}, {pdjuliFormat, 5, Y12021, "010121076F"},
         {pdjuliFormat, 4, day(1899, 12, 31), "0000000F"}, {pdjuliFormat, 5, kivo::lum_numeric::MISSING__, "000000000F"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(packedHex(c.format, c.width, c.value), c.expected) << c.expected;
-    }
+    for (const Case& c : cases) EXPECT_EQ(packedHex(c.format, c.width, c.value), c.expected) << c.expected;
 }
 
 }  // namespace
