@@ -1,7 +1,7 @@
-// The reference host's numbers, missing values, character tables, services and options.
+// The reference host's numbers, missing values, services and options. (Its character tables are read by
+// every informat's tables.)
 #include <gtest/gtest.h>
 
-#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdio>
@@ -13,7 +13,6 @@
 #include <utility>
 
 #include "HostSupport.h"
-#include "kivox/CharTables.h"
 #include "kivox/Missing.h"
 #include "kivox/Numbers.h"
 #include "kivox/OptionSettings.h"
@@ -48,7 +47,8 @@ TEST(HostNumbers, FloorLog10IsExactNextToEveryPowerOfTen) {
 }
 
 TEST(HostNumbers, PowersOfTen) {
-    const std::pair<int, double> powers[] = {{0, 1.0}, {22, 1e22}, {-5, 1e-5}, {308, 1e308}, {309, INFINITY}, {-400, 0.0}};
+    const std::pair<int, double> powers[] = {{0, 1.0},     {22, 1e22},       {-5, 1e-5},
+                                             {308, 1e308}, {309, INFINITY}, {-400, 0.0}};
     for (const auto& [e, power] : powers) EXPECT_EQ(kivo::pow10(e), power) << e;
     EXPECT_EQ(kivo::int64Pow10(18), 1000000000000000000LL);
     EXPECT_EQ(kivo::int64Pow10(19), 0);
@@ -63,8 +63,8 @@ TEST(HostMissing, PatternsCharactersNotationAndFieldNarrowing) {
     EXPECT_NE(MISSING, MISSING);  // every missing value is a NaN
 
     // The character found, or 0 for a text that is no notation (and leaves the result alone).
-    const std::pair<const char*, char> cases[] = {{".", '.'}, {"._", '_'}, {".a", 'A'}, {".Q", 'Q'}, {"", 0},
-                                                  {"..", 0},  {".1", 0},   {"A", 0},    {". ", 0},   {".AB", 0}, {"_", 0}};
+    const std::pair<const char*, char> cases[] = {{".", '.'}, {"._", '_'}, {".a", 'A'}, {".Q", 'Q'}, {"", 0}, {"..", 0},
+                                                  {".1", 0},  {"A", 0},    {". ", 0},   {".AB", 0}, {"_", 0}};
     for (const auto& [text, character] : cases) {
         double result = 42.0;
         EXPECT_EQ(kivo::findNumericMissing(text, text + std::strlen(text), result), character != 0) << text;
@@ -79,17 +79,6 @@ TEST(HostMissing, PatternsCharactersNotationAndFieldNarrowing) {
     begin = blank, end = blank + 3;
     kivo::findNumericStartAndEnd(begin, end);
     EXPECT_EQ(begin, end);
-}
-
-TEST(HostCharTables, ClassesAndValues) {
-    using namespace kivo::sbcs;
-    const unsigned char* ctype = detail::ctypeTable_;
-    const unsigned char* value = kivo::CharRepresentation::ASCII_ALPHANUMERIC_TABLE;
-    EXPECT_TRUE((ctype['a'] & CTYPE_ALPHA) && (ctype['Z'] & CTYPE_ALPHA) && (ctype['5'] & CTYPE_DIGIT));
-    EXPECT_EQ((ctype['5'] & CTYPE_ALPHA) | (ctype['-'] & CTYPE_ALNUM) | (ctype[0xC9] & CTYPE_ALNUM), 0);
-    EXPECT_EQ(std::string({static_cast<char>(detail::tolowerTable_['Q']), static_cast<char>(detail::tolowerTable_['-'])}),
-              "q-");
-    EXPECT_EQ((std::array<int, 3>{value['7'], value['b'], value[' ']}), (std::array<int, 3>{7, 11, 0xFF}));
 }
 
 TEST(HostServices, ThreadLocatorOverridesTheFallback) {
