@@ -110,9 +110,6 @@ TEST(NumberOfDigits, CountsDecimalDigits) {
     EXPECT_EQ(numberOfDigits(-1LL), 0);
 }
 
-using kivo::test::day;
-using kivo::test::formatField;
-
 const double D0 = 0;                           // 1 January 1960
 const double LEAP_DAY = day(2020, 2, 29);      // Q1
 const double YEAR_END = day(1999, 12, 31);     // Q4
@@ -168,7 +165,6 @@ void expectFamily(int narrowest, std::span<const Variant> variants, std::initial
 TEST(DayMonthYearFormats, SeparatedShowTheSeparatorOnlyWhereItFills) {
     expectFamily(2, DDMMYY_VARIANTS, {
         {D0, {"01", " 01", "0101", "01x01", "010160", " 010160", "01x01x60", " 01x01x60", "01x01x1960"}},
-        {LEAP_DAY, {"29", " 29", "2902", "29x02", "290220", " 290220", "29x02x20", " 29x02x20", "29x02x2020"}},
         {YEAR_END, {"31", " 31", "3112", "31x12", "311299", " 311299", "31x12x99", " 31x12x99", "31x12x1999"}},
         {Y12000, {"15", " 15", "1501", "15x01", "150100", " 150100", "15x01x00", " 15x01x00", "15x01x****"}}});
     expectFamily(2, MMDDYY_VARIANTS, {
@@ -228,7 +224,6 @@ TEST(MonthYearFormats, MonyyHasThreeWidths) {
 TEST(QuarterFormats, DigitQuarter) {
     expectFamily(4, YYQ_VARIANTS, {
         {D0, {"60x1", " 60x1", "1960x1", " 1960x1", "  1960x1"}},
-        {MAY_1960, {"60x2", " 60x2", "1960x2", " 1960x2", "  1960x2"}},
         {AUG_1960, {"60x3", " 60x3", "1960x3", " 1960x3", "  1960x3"}},
         {YEAR_END, {"99x4", " 99x4", "1999x4", " 1999x4", "  1999x4"}},
         {Y12000, {"00x1", " 00x1", "****x1", "12000x1", " 12000x1"}}});
