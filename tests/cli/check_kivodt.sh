@@ -68,7 +68,7 @@ expect "ANYDTDTE values printed" 0 "$(lines 14624 0 .)" -- "$KIVODT" informat AN
 both_positions "15737" "--datestyle dmy" informat ANYDTDTE 01/02/2003
 both_positions "-14974" "--yearcutoff 1900" informat ANYDTDTE 01/02/19
 both_positions "**********" "--today 2021-03-16" format NENGO10. 22356
-expect "--hex, --missing-char" 0 "$(lines 2031 '      ?')" -- sh -c "'$KIVODT' --hex format DAY2. 0 && '$KIVODT' format --missing-char ? DATE7. ."
+expect "--hex, --missing-char" 0 "$(lines 2031 '      ?')" -- sh -c "'$KIVODT' --hex format DAY2. 0 && '$KIVODT' format --missing-char '?' DATE7. ."
 
 expect "convert, standard input, a datetime to its day" 0 "$(lines 17MAR2021 15JAN2000)" -- \
     sh -c "printf '2021-03-17T23:59:59\n2000-01-15 10:30\n' | '$KIVODT' convert ANYDTDTM DATE9."
