@@ -41,15 +41,8 @@ std::string written(const FormatRealFields& f, int where) {
 }
 
 // writeDigitBuffer: a plan and a value in; the digits and the reshaped plan out.
-struct DigitCase {
-    const char* name;
-    double value;
-    Plan plan;
-    bool fitted;
-    const char* digits;
-    int leadingZeroes, trailingZeroes, pointPosition, exponent;
-    double fuzz = 5e-16;
-};
+struct DigitCase { const char* name; double value; Plan plan; bool fitted; const char* digits;
+                   int leadingZeroes, trailingZeroes, pointPosition, exponent; double fuzz = 5e-16; };
 
 // 2^52 + 1 plus a half would round to even, 2^52 + 2: a whole value gets no half.
 const DigitCase DIGIT_CASES[] = {
@@ -90,16 +83,8 @@ INSTANTIATE_TEST_SUITE_P(Cases, WriteDigitBuffer, ::testing::ValuesIn(DIGIT_CASE
 
 // A planned record with its digits, as outputReal (sign at `where`) or outputSeparatedReal (-1) writes
 // it.
-struct OutputCase {
-    const char* expected;
-    Plan plan;
-    const char* digits;
-    int where = 0;
-    int leadingBlanks = 0;
-    bool negative = false;
-    int trailingZeroes = 0;
-    bool exponentSign = false;
-};
+struct OutputCase { const char* expected; Plan plan; const char* digits; int where = 0; int leadingBlanks = 0;
+                    bool negative = false; int trailingZeroes = 0; bool exponentSign = false; };
 
 // The point can sit inside the leading or the trailing zeros; exponent digits beyond those planned are
 // lost; a sign is written only at its own position; a separated short integer part still gets a group.

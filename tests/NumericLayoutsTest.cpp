@@ -55,7 +55,8 @@ TEST_P(RealLayouts, WriteTheFieldOfTheirTable) {
     EXPECT_EQ(layOut(c.layout, c.x, c.width, c.decimals), c.expected);
 }
 
-const LayoutCase BEST_CASES[] = {
+const LayoutCase LAYOUT_CASES[] = {
+    // BEST
     // Zero, width 1, signs.
     {BEST, 0.0, 4, 0, "   0"}, {BEST, 5.0, 1, 0, "5"}, {BEST, 0.3, 1, 0, "0"}, {BEST, -0.3, 1, 0, "0"},
     {BEST, -0.5, 1, 0, "*"}, {BEST, 9.7, 1, 0, "*"}, {BEST, -0.001, 3, 0, "  0"},  // too narrow for -0
@@ -84,10 +85,8 @@ const LayoutCase BEST_CASES[] = {
     {BEST, 1.1234e102, 7, 0, "1123E99"}, {BEST, 1.11e102, 7, 0, " 11E101"}, {BEST, 1.234e103, 7, 0, "123E101"},
     {BEST, 1.23456e9, 8, 0, "1.2346E9"}, {BEST, 1.23456e150, 8, 0, "1.23E150"}, {BEST, 1e300, 12, 0, "       1E300"},
     {BEST, -1.5e300, 12, 0, "    -1.5E300"},
-};
-INSTANTIATE_TEST_SUITE_P(Best, RealLayouts, ::testing::ValuesIn(BEST_CASES));
 
-const LayoutCase BLANK_CASES[] = {
+    // BLANK
     {BLANK, 123.456, 8, 2, "  123.46"}, {BLANK, 123.456, 5, 2, "123.5"},  // the decimals give way to the integer part
     {BLANK, 0.0, 5, 2, " 0.00"}, {BLANK, 0.05, 6, 2, "  0.05"}, {BLANK, 0.05, 3, 2, ".05"},
     {BLANK, 0.004, 6, 2, "  0.00"}, {BLANK, 0.006, 6, 2, "  0.01"},  // the carry uses a leading zero
@@ -98,10 +97,8 @@ const LayoutCase BLANK_CASES[] = {
     {BLANK, -0.0001, 6, 2, " -0.00"},  // the sign of the value as given
     {BLANK, 1.23456e12, 8, 2, "1.235E12"}, {BLANK, 1.11e102, 7, 2, "111E100"},  // differs from BEST at width 7
     {BLANK, 1.1234e102, 7, 2, "1123E99"}, {LARGE_BLANK, 1.11e102, 7, 102, "111E100"},
-};
-INSTANTIATE_TEST_SUITE_P(Blank, RealLayouts, ::testing::ValuesIn(BLANK_CASES));
 
-const LayoutCase D_CASES[] = {
+    // D
     {D, 0.0, 6, 0, "     0"}, {D, 1.0, 12, 0, "    1.000000"}, {D, 1234.5, 12, 0, " 1234.500000"},
     {D, 99999.5, 12, 0, "      100000"},  // the decimals drop in steps as the integer part grows
     {D, 1.0, 8, 3, "  1.0000"}, {D, 0.0012, 8, 0, " 0.00120"},
@@ -109,10 +106,8 @@ const LayoutCase D_CASES[] = {
     {D, -9.9996, 7, 0, "-10.000"}, {D, 1.23e-7, 8, 0, " 1.23E-7"},  // the small BEST table, stripped
     {D, 1.23e-7, 4, 0, "0.00"}, {D, 1.23e-7, 12, 10, "     1.23E-7"},  // many decimals strip the trailing zeros
     {D, 12.5, 12, 10, "        12.5"}, {D, 1e15, 8, 0, "    1E15"}, {D, 123.0, 2, 0, "*"}, {D, -0.3, 1, 0, "0"},
-};
-INSTANTIATE_TEST_SUITE_P(D, RealLayouts, ::testing::ValuesIn(D_CASES));
 
-const LayoutCase E_CASES[] = {
+    // E
     {E, 0.0, 10, 0, " 0.000E+00"}, {E, 0.0, 7, 0, "0.0E+00"}, {E, 12345.0, 10, 0, " 1.235E+04"},
     {E, -12345.0, 10, 0, "-1.235E+04"}, {E, 12345.0, 7, 0, "1.2E+04"}, {E, 0.00012345, 10, 0, " 1.235E-04"},
     {E, 1.0 / 3, 32, 0, " 3.3333333333333000000000000E-01"},  // 14 digits, then zeros
@@ -123,16 +118,14 @@ const LayoutCase E_CASES[] = {
     {E, 9.99e99, 7, 0, "1.E+100"}, {E, -9.9e99, 7, 0, " -1E100"},  // no zero to give: sign and point go
     {E, 9.99999e-100, 10, 0, " 1.000E-99"}, {E, 9.9e-100, 6, 0, " 1E-99"}, {E, 9.9e-101, 6, 0, "1E-100"},
     {E, 12345.0, 6, 0, "*"},
-};
-INSTANTIATE_TEST_SUITE_P(E, RealLayouts, ::testing::ValuesIn(E_CASES));
 
-const LayoutCase PERCENT_CASES[] = {
+    // PERCENT
     {PERCENT, 12.345, 6, 2, " 12.35"}, {PERCENT, 0.5, 3, 3, ".50"},  // decimals as wide as the field: one fewer
     {PERCENT, 0.005, 6, 8, "  5E-3"},  // tiny, with more decimals than places: exponent notation
     {PERCENT, 0.005, 4, 6, "5E-3"}, {PERCENT, 0.005, 3, 6, "*"}, {PERCENT, 0.5, 6, 8, ".50000"},
     {PERCENT, 1234567.0, 6, 2, "1.23E6"},
 };
-INSTANTIATE_TEST_SUITE_P(Percent, RealLayouts, ::testing::ValuesIn(PERCENT_CASES));
+INSTANTIATE_TEST_SUITE_P(Cases, RealLayouts, ::testing::ValuesIn(LAYOUT_CASES));
 
 struct DigitsAfterPointCase { int width; int decimals; int e; bool negative; int expected; };
 
