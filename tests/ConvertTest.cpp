@@ -105,7 +105,7 @@ TEST(KivodtConvert, ALineThatCannotBeReadIsNamedAndGivesABlankFieldOrItself) {
 struct CsvCase { const char* input; const char* columns; const char* output; int status; const char* message; };
 
 // Runs converter over each case's CSV with the options csv (its columns taken from the case).
-void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, std::span<const CsvCase> cases,
+void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, std::initializer_list<CsvCase> cases,
               const kivodt::RunOptions& options = {}) {
     for (const CsvCase& c : cases) {
         std::vector<kivodt::ColumnChoice> choices;
@@ -122,7 +122,7 @@ void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, s
 }
 
 TEST(KivodtCsv, ConvertsTheChosenColumnsAndKeepsEveryOtherByte) {
-    const CsvCase cases[] = {
+    checkCsv(converting(informat("ANYDTDTE"), "DATE9."), {}, {
         {"id,when,note\r\n1,2021-03-17,\"a, \"\"quoted\"\"\r\nnote\"\r\n2,\"03/17/2021\",x\r\n", "when",
          "id,when,note\r\n1,17MAR2021,\"a, \"\"quoted\"\"\r\nnote\"\r\n2,17MAR2021,x\r\n", 0, ""},
         {"when,when2\n20210317,2021-03-17", "1,when2", "when,when2\n17MAR2021,17MAR2021", 0, ""},
@@ -136,8 +136,7 @@ TEST(KivodtCsv, ConvertsTheChosenColumnsAndKeepsEveryOtherByte) {
         {"a,b\n1,2\n", "date", "", 2, "kivodt: no column \"date\" in the header; the columns are 1 \"a\", 2 \"b\"\n"},
         {"a,b\n", "3", "", 2, "no column 3"},
         {"", "a", "", 0, ""},
-    };
-    checkCsv(converting(informat("ANYDTDTE"), "DATE9."), {}, cases);
+    });
 }
 
 // Delimiters, --no-header, --keep-blanks and a written field quoted are checked end to end by the CLI
@@ -145,24 +144,20 @@ TEST(KivodtCsv, ConvertsTheChosenColumnsAndKeepsEveryOtherByte) {
 TEST(KivodtCsv, AFieldThatCannotBeUsedIsNamedAndLeftEmptyOrAsItCame) {
     const kivodt::FieldConverter converter = converting(DIGITS8, "DATE9.");
     const char* input = "n,day\n1,22356\n2,\"x,1\"\n";
-    const CsvCase emptied[] = {
-        {input, "day", "n,day\n1,17MAR2021\n2,\n", 1,
-         "kivodt: row 3 (line 3), column 2 \"day\": not read by DIGITS: \"x,1\"\n"},
-    };
-    checkCsv(converter, {}, emptied);
-    const CsvCase kept[] = {{input, "day", "n,day\n1,17MAR2021\n2,\"x,1\"\n", 1, "column 2 \"day\""}};
-    checkCsv(converter, {}, kept, {.keep = true});
-    const CsvCase values[] = {{"1,x\n", "2", "1,\n", 1, "row 1 (line 1), column 2: not a number or missing value"}};
-    checkCsv(formatting(format("DATE9.")), {.header = false}, values);
-    const CsvCase read[] = {{"a\n15JAN2000\n", "a", "a\n14624\n", 0, ""}};
-    checkCsv(kivodt::FieldConverter::reading(informat("ANYDTDTE"), false), {}, read);
+    checkCsv(converter, {}, {{input, "day", "n,day\n1,17MAR2021\n2,\n", 1,
+                              "kivodt: row 3 (line 3), column 2 \"day\": not read by DIGITS: \"x,1\"\n"}});
+    checkCsv(converter, {}, {{input, "day", "n,day\n1,17MAR2021\n2,\"x,1\"\n", 1, "column 2 \"day\""}}, {.keep = true});
+    checkCsv(formatting(format("DATE9.")), {.header = false},
+             {{"1,x\n", "2", "1,\n", 1, "row 1 (line 1), column 2: not a number or missing value"}});
+    checkCsv(kivodt::FieldConverter::reading(informat("ANYDTDTE"), false), {},
+             {{"a\n15JAN2000\n", "a", "a\n14624\n", 0, ""}});
 }
 
 TEST(KivodtCsv, ARecordOverTheLimitIsCopiedThroughWhateverComesAround) {
-    const CsvCase cases[] = {{"a,b\n1,0\n2,\"0123456789\n0123456789\"\n3,1\n", "2",
-                              "a,b\n1,01JAN1960\n2,\"0123456789\n0123456789\"\n3,02JAN1960\n", 1,
-                              "kivodt: row 3 (line 3): longer than 16 bytes; copied unchanged\n"}};
-    checkCsv(formatting(format("DATE9.")), {.maxRecordLength = 16}, cases);
+    checkCsv(formatting(format("DATE9.")), {.maxRecordLength = 16},
+             {{"a,b\n1,0\n2,\"0123456789\n0123456789\"\n3,1\n", "2",
+               "a,b\n1,01JAN1960\n2,\"0123456789\n0123456789\"\n3,02JAN1960\n", 1,
+               "kivodt: row 3 (line 3): longer than 16 bytes; copied unchanged\n"}});
 }
 
 TEST(KivodtCsv, RowsAcrossManyBlocksComeOutInOrder) {
@@ -175,8 +170,7 @@ TEST(KivodtCsv, RowsAcrossManyBlocksComeOutInOrder) {
         date.entry->function(field, 9, 0, row % 1000);
         output += std::to_string(row) + "," + (day.empty() ? "" : std::string(field, 9)) + ",\"x\r\ny\"\r\n";
     }
-    const CsvCase cases[] = {{input.c_str(), "day", output.c_str(), 0, ""}};
-    checkCsv(formatting(date), {}, cases);
+    checkCsv(formatting(date), {}, {{input.c_str(), "day", output.c_str(), 0, ""}});
 }
 
 }  // namespace
