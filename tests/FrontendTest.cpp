@@ -80,7 +80,7 @@ using kivodt::test::Captured;
 using kivodt::test::capture;
 using kivodt::test::fileWith;
 
-TEST(KivodtRunner, StreamsStandardInputAndReportsBadLines) {
+TEST(KivodtRunner, StreamsStandardInputAndNamesBadLinesAndLinesOverTheLimit) {
     const auto spec = kivodt::test::format("DATE9.");
     const Captured run = capture("0\r\n22356\nnope\n.\n-17321", [&](const kivodt::Streams& streams) {
         return kivodt::runFormat(spec, {}, {}, streams);
@@ -88,6 +88,12 @@ TEST(KivodtRunner, StreamsStandardInputAndReportsBadLines) {
     EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
     EXPECT_EQ(run.out, "01JAN1960\n17MAR2021\n        .\n30JUL1912\n");
     EXPECT_NE(run.err.find("line 3"), std::string::npos) << run.err;
+    const Captured longLine = capture("0\n000001\n1\n", [&](const kivodt::Streams& streams) {
+        return kivodt::runFormat(spec, {}, {.maxLineLength = 5}, streams);
+    });
+    EXPECT_EQ(longLine.status, kivodt::EXIT_BAD_INPUT);
+    EXPECT_EQ(longLine.out, "01JAN1960\n02JAN1960\n");
+    EXPECT_EQ(longLine.err, "kivodt: line 2: longer than 5 bytes\n");
 }
 
 TEST(KivodtRunner, StopsAtAFailedWriteOrReadAndSaysWhy) {
@@ -116,16 +122,6 @@ TEST(KivodtRunner, StopsAtAFailedWriteOrReadAndSaysWhy) {
     EXPECT_EQ(unread.err, "kivodt: cannot read standard input: Is a directory\n");
 }
 
-TEST(KivodtRunner, NamesALineOverTheLimitAndGoesOn) {
-    const auto spec = kivodt::test::format("DATE9.");
-    const Captured run = capture("0\n000001\n1\n", [&](const kivodt::Streams& streams) {
-        return kivodt::runFormat(spec, {}, {.maxLineLength = 5}, streams);
-    });
-    EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
-    EXPECT_EQ(run.out, "01JAN1960\n02JAN1960\n");
-    EXPECT_EQ(run.err, "kivodt: line 2: longer than 5 bytes\n");
-}
-
 // The lines InputLines gives for input, each followed by "|"; "<long>" for one over the limit.
 std::string linesOf(const std::string& input, std::size_t limit, std::size_t chunkBytes) {
     std::FILE* in = fileWith(input);
@@ -141,14 +137,10 @@ std::string linesOf(const std::string& input, std::size_t limit, std::size_t chu
 }
 
 TEST(KivodtInputLines, LinesOverTheLimitAreSkippedWhereverTheChunksEnd) {
+    // The "\r" before the end of a line does not count.
     const std::pair<const char*, const char*> cases[] = {
-        {"abcd\nabcde\nab\r\n\nx", "abcd|<long>|ab||x|"},
-        {"abcd\r\nabcd\r", "abcd|abcd|"},  // the "\r" before the end of a line does not count
-        {"abcd\r\r\n", "<long>|"},
-        {"abcdefghijklmnop\nab", "<long>|ab|"},
-        {"", ""},
-        {"\n\n", "||"},
-    };
+        {"abcd\nabcde\nab\r\n\nx", "abcd|<long>|ab||x|"}, {"abcd\r\nabcd\r", "abcd|abcd|"}, {"abcd\r\r\n", "<long>|"},
+        {"abcdefghijklmnop\nab", "<long>|ab|"},          {"", ""},                        {"\n\n", "||"}};
     for (const auto& [input, lines] : cases) {
         for (std::size_t chunkBytes = 1; chunkBytes <= 8; ++chunkBytes) {
             EXPECT_EQ(linesOf(input, 4, chunkBytes), lines) << '"' << input << "\" in chunks of " << chunkBytes;
@@ -158,10 +150,10 @@ TEST(KivodtInputLines, LinesOverTheLimitAreSkippedWhereverTheChunksEnd) {
 
 // An informat that shows what it was given: the field, its width and the two middle arguments.
 std::string lastField;
-int lastWidth, lastLength, lastDecimals;
+int lastLength, lastDecimals;
 int recordingInformat(const char* text, int width, int length, int decimals, double* result) {
     lastField.assign(text, static_cast<std::size_t>(width));
-    lastWidth = width, lastLength = length, lastDecimals = decimals;
+    lastLength = length, lastDecimals = decimals;
     *result = width + 0.5;  // stored for a rejected text too: the runner must not print it
     return lastField != "bad";
 }
