@@ -203,7 +203,8 @@ TEST(TextReaders, UnsignedIntegerUpToTheLargestSigned32BitValue) {
     // A letter where the number should start leaves -1; any other character leaves the value alone.
     int letterValue = 7, colonValue = 7;
     const char *letter = "Q", *colon = ":";
-    EXPECT_FALSE(kivo::readUnsignedInt(letter, letter + 1, letterValue) || kivo::readUnsignedInt(colon, colon + 1, colonValue));
+    EXPECT_FALSE(kivo::readUnsignedInt(letter, letter + 1, letterValue) ||
+                 kivo::readUnsignedInt(colon, colon + 1, colonValue));
     EXPECT_EQ(letterValue * 10 + colonValue, -10 + 7);
 }
 
