@@ -157,8 +157,8 @@ kivodt::test::Captured run(const std::string& input, int threads, std::size_t bl
         messages += "line " + std::to_string(number) + " too long\n";
     };
     return kivodt::test::capture(input, [&](const kivodt::Streams& streams) {
-        return kivodt::convertLineBlocks({streams.in, streams.out, streams.err}, threads, upperCase, tooLong, blockBytes)
-            .status;
+        const kivodt::LineBlockStreams lineStreams{streams.in, streams.out, streams.err};
+        return kivodt::convertLineBlocks(lineStreams, threads, upperCase, tooLong, blockBytes).status;
     });
 }
 
