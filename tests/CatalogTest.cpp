@@ -258,7 +258,9 @@ TEST(FormatEntrySteps, MissingCharacterAndStarsBeyondTheCalendar) {
                 missing[static_cast<std::size_t>(width - 1 - (moves ? decimals : 0))] = '.';
                 const std::string spec =
                     std::string(entry.name) + std::to_string(width) + "." + std::to_string(decimals);
-                const auto field = [&](double value) { return kivo::test::formatField(entry.function, width, decimals, value); };
+                const auto field = [&](double value) {
+                    return kivo::test::formatField(entry.function, width, decimals, value);
+                };
                 EXPECT_EQ(field(kivo::lum_numeric::MISSING), missing) << spec;
                 EXPECT_EQ(field(before), stars) << spec;
                 EXPECT_EQ(field(after), stars) << spec;
