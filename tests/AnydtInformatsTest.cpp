@@ -1,12 +1,15 @@
-// The free-form reader's layouts under several date styles and year cutoffs, the three informats'
-// conversions, and the invariants that stop the process.
+// The free-form reader: its scanner and date-time joint, its layouts under several date styles and year
+// cutoffs, the three informats' conversions, the date style it reads, and the invariants that stop the
+// process.
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "HostSupport.h"
+#include "formats/datetime_formats/AnydtDateStyle.h"
 #include "formats/datetime_formats/AnydtParseInfo.h"
 #include "formats/datetime_formats/AnydtReadings.h"
 #include "kivo/AnydtInformats.h"
@@ -15,6 +18,92 @@
 
 namespace {
 
+using namespace kivo::anydt;
+
+constexpr std::uint32_t BLANK = ST_BLANK_SEP;
+
+// separators: slots 0..valCount; a refused field has no values or separators.
+struct ScanCase { std::string field; bool accepted; int monthIndex; std::vector<std::int64_t> values;
+                  std::vector<std::uint32_t> separators; };
+
+// One blank in front makes a run a blank separator even with punctuation after it ("1 - 2"); two do not.
+const ScanCase SCAN_CASES[] = {
+    {"12JAN2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_NONE, ST_NONE, ST_NONE}},
+    {"12 JAN 2000", true, 1, {12, 1, 2000}, {ST_NONE, BLANK, BLANK, ST_NONE}},
+    {"12  JAN\t2000", true, 1, {12, 1, 2000}, {ST_NONE, ST_BLANK_BEFORE, ST_BLANK_BEFORE, ST_NONE}},
+    {"2000-01-15T10:30", true, -1, {2000, 1, 15, 10, 30}, {0, ST_DASH, ST_DASH, BLANK, ST_COLON, 0}},
+    {"10:30 pm", true, -1, {10, 30}, {0, ST_COLON, ST_PM | ST_BLANK_BEFORE}},
+    {"10:30P", true, -1, {10, 30}, {0, ST_COLON, ST_PM}}, {"9a", true, -1, {9}, {0, ST_AM}},
+    {"1 - 2", true, -1, {1, 2}, {0, BLANK, 0}},
+    {"1  - 2", true, -1, {1, 2}, {0, ST_DASH | ST_BLANK_BEFORE | ST_BLANK_AFTER, 0}},
+    {"1,2,3", true, -1, {1, 2, 3}, {0, 0x42C, 0x42C, 0}}, {"1-/2", true, -1, {1, 2}, {0, ST_MULTI, 0}},
+    {"1\xE9" "2", true, -1, {1, 2}, {0, ST_PUNCT | 0xE9, 0}}, {"Septemberx5", false, 0, {}, {}},
+    {"sept 5", true, 0, {9, 5}, {0, BLANK, 0}}, {"JA 2000", false, 0, {}, {}}, {"MAYBE", false, 0, {}, {}},
+    {"JAN FEB", false, 0, {}, {}},
+    {"1 2 3 4 5 6 7", true, -1, {1, 2, 3, 4, 5, 6, 7}, {0, BLANK, BLANK, BLANK, BLANK, BLANK, BLANK, 0}},
+    {"1 2 3 4 5 6 7 8", false, 0, {}, {}}, {"9223372036854775807", true, -1, {9223372036854775807LL}, {0, 0}},
+    {"9223372036854775808", false, 0, {}, {}}, {"12T-5", false, 0, {}, {}}, {"", true, -1, {}, {0}},
+};
+
+TEST(AnydtScanner, ClassifiesValuesAndSeparators) {
+    for (const ScanCase& c : SCAN_CASES) {
+        ParseInfo pi;
+        int monthIndex = 0;
+        const char* begin = c.field.data();
+        ASSERT_EQ(scanField(begin, begin + c.field.size(), pi, monthIndex), c.accepted) << c.field;
+        if (!c.accepted) continue;
+        EXPECT_EQ(monthIndex, c.monthIndex) << c.field;
+        EXPECT_EQ(std::vector<std::int64_t>(pi.value, pi.value + pi.valCount), c.values) << c.field;
+        EXPECT_EQ(std::vector<std::uint32_t>(pi.sepType, pi.sepType + pi.valCount + 1), c.separators) << c.field;
+    }
+}
+
+TEST(AnydtScanner, LengthsCoverTheWholeField) {
+    const std::string field = "sept 05, 2000 10:30";
+    ParseInfo pi;
+    int monthIndex = -1;
+    ASSERT_TRUE(scanField(field.data(), field.data() + field.size(), pi, monthIndex));
+    int covered = 0;
+    for (int k = 0; k < pi.valCount; ++k) covered += pi.sepLength[k] + pi.valLength[k];
+    EXPECT_EQ(covered + pi.sepLength[pi.valCount], static_cast<int>(field.size()));
+    EXPECT_EQ(pi.valLength[0], 4);
+}
+
+TEST(AnydtScanner, DatetimeJoint) {
+    for (const std::string text : {"", "  ", " : ", "/-", "/ -"}) {
+        EXPECT_TRUE(kivo::isDatetimeSeparator(text.data(), text.data() + text.size())) << '"' << text << '"';
+    }
+    for (const std::string text : {"T", "::", "/--"}) {
+        EXPECT_FALSE(kivo::isDatetimeSeparator(text.data(), text.data() + text.size())) << '"' << text << '"';
+    }
+}
+
+struct DateStyleTest : ::testing::Test {
+    kivo::test::OwnServices services_;
+};
+
+TEST_F(DateStyleTest, ReadsTheOptionAndTheLocale) {
+    const std::pair<const char*, DateStyle> cases[] = {{"dmy", DMY}, {"DYM", DYM}, {"Mdy", MDY},
+                                                       {"myd", MYD}, {"ydm", YDM}, {"yMD", YMD}};
+    for (const auto& [text, style] : cases) {
+        services_.options().setOption("datestyle", text);
+        EXPECT_EQ(readDateStyle(), style) << text;
+    }
+    services_.options().setOption("datestyle", "LOCALE");
+    services_.locator().nationalLanguageSupport().setDateStyle("ydm");
+    EXPECT_EQ(readDateStyle(), YDM);
+}
+
+TEST_F(DateStyleTest, IllegalStylesStopTheProcess) {
+    for (const char* text : {"md", "mdyx", "", "dmy "}) {
+        services_.options().setOption("datestyle", text);
+        EXPECT_DEATH(readDateStyle(), "illegal datestyle.*AnydtInformats.*77") << '"' << text << '"';
+    }
+    services_.options().setOption("datestyle", "locale");
+    services_.locator().nationalLanguageSupport().setDateStyle("");
+    EXPECT_DEATH(readDateStyle(), "illegal datestyle");
+}
+
 using kivo::AnydtType;
 constexpr AnydtType DATE = kivo::ANYDT_DATE;
 constexpr AnydtType DATETIME = kivo::ANYDT_DATETIME;
@@ -22,13 +111,19 @@ constexpr AnydtType TIME = kivo::ANYDT_TIME;
 constexpr AnydtType MISSING = kivo::ANYDT_MISSING;
 constexpr double NONE = 1e300;  // stands for the ordinary missing value in the tables
 
+using kivo::test::at;
 using kivo::test::day;
-double at(int y, int m, int d, double seconds) { return day(y, m, d) * 86400 + seconds; }
 std::uint64_t bits(double x) { return std::bit_cast<std::uint64_t>(x); }
+void expectResult(double result, double expected, const std::string& where) {
+    if (expected == NONE) {
+        EXPECT_EQ(bits(result), bits(kivo::lum_numeric::MISSING)) << where;
+    } else {
+        EXPECT_DOUBLE_EQ(result, expected) << where;
+    }
+}
 
 // Each test reads under a locator of its own; styles and cutoffs set here never leak.
-class AnydtTest : public ::testing::Test {
-protected:
+struct AnydtTest : ::testing::Test {
     void use(const char* style, const char* cutoff) {
         ASSERT_TRUE(services_.options().setOption("datestyle", style));
         ASSERT_TRUE(services_.options().setOption("yearcutoff", cutoff));
@@ -36,13 +131,8 @@ protected:
     kivo::test::OwnServices services_;
 };
 
-struct ReadCase {
-    const char* field;
-    double result;  // NONE: not recognised (missing result, type datetime)
-    AnydtType type;
-    const char* style = "mdy";
-    const char* cutoff = "1940";
-};
+// result NONE: not recognised (missing result, type datetime).
+struct ReadCase { const char* field; double result; AnydtType type; const char* style = "mdy", *cutoff = "1940"; };
 
 // Digits that fit all three rare orders (dym, myd, ydm) read as the number they spell.
 const ReadCase READ_CASES[] = {
@@ -79,11 +169,7 @@ TEST_F(AnydtTest, LayoutsUnderStylesAndCutoffs) {
         const std::string where = std::string(c.field) + " [" + c.style + " " + c.cutoff + "]";
         EXPECT_EQ(read, c.result != NONE) << where;
         EXPECT_EQ(type, c.type) << where;
-        if (c.result == NONE || c.type == MISSING) {
-            EXPECT_EQ(bits(result), bits(kivo::lum_numeric::MISSING)) << where;
-        } else {
-            EXPECT_DOUBLE_EQ(result, c.result) << where;
-        }
+        expectResult(result, c.result == NONE || c.type == MISSING ? NONE : c.result, where);
     }
 }
 
@@ -114,11 +200,7 @@ TEST_F(AnydtTest, InformatsConvertByType) {
     for (const ConversionCase& c : cases) {
         double result = 12345;
         EXPECT_EQ(c.informat(c.field, static_cast<int>(std::strlen(c.field)), 0, 0, &result), 1) << c.field;
-        if (c.result == NONE) {
-            EXPECT_EQ(bits(result), bits(kivo::lum_numeric::MISSING)) << c.field;
-        } else {
-            EXPECT_DOUBLE_EQ(result, c.result) << c.field;
-        }
+        expectResult(result, c.result, c.field);
     }
 }
 

@@ -1,14 +1,18 @@
-// The batch API: on any number of threads it gives what kivodt gives one value at a time, in input order,
-// and a locator given to a batch reaches all of its threads.
+// Conversions spread over threads give what one thread gives. The batch API, on any number of threads,
+// gives what kivodt gives one value at a time, in input order, and a locator given to a batch reaches all
+// of its threads. Lines converted block by block come out as one thread converts them line by line: the
+// same bytes in the same order and the same line numbers in the messages, whatever the thread count and
+// block size, with carriage returns, empty lines, a last line without "\n" and lines too long for a block.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "RunCapture.h"
 #include "kivodt/Batch.h"
+#include "kivodt/LineBlocks.h"
 #include "kivodt/Runner.h"
 #include "kivodt/Values.h"
 #include "kivox/Missing.h"
@@ -34,26 +38,19 @@ std::vector<double> sampleValues(std::size_t count) {
 const char* const TEXTS[] = {"15JAN2000", "2000-01-15T10:30:00", "01/02/2003", "10:30 PM", ".", "",
                              "  17MAR2021 ", "20000115", "99:99", "garbage text longer than its field"};
 
-// What `kivodt informat` prints for the texts: one value or "invalid" per line.
+// What `kivodt informat` prints for the texts: one value or "invalid" per line; and the same from a batch.
 std::string runnerOutput(const kivodt::ResolvedSpec<kivodt::InformatEntry>& spec,
                          const std::vector<std::string_view>& texts) {
-    char* buffer = nullptr;
-    std::size_t size = 0;
-    std::FILE* out = open_memstream(&buffer, &size);
-    kivodt::runInformat(spec, texts, kivodt::RunOptions{}, {stdin, out, stderr});
-    std::fclose(out);
-    std::string printed(buffer, size);
-    std::free(buffer);
-    return printed;
+    return kivodt::test::capture("", [&](const kivodt::Streams& streams) {
+        return kivodt::runInformat(spec, texts, {}, streams);
+    }).out;
 }
 
 std::string batchOutput(const kivodt::ResolvedSpec<kivodt::InformatEntry>& spec,
                         const std::vector<std::string_view>& texts, int threads) {
     std::string bytes;
     std::vector<std::size_t> offsets{0};
-    for (std::string_view text : texts) {
-        offsets.push_back((bytes += text).size());
-    }
+    for (std::string_view text : texts) offsets.push_back((bytes += text).size());
     std::vector<double> results(texts.size());
     std::vector<unsigned char> accepted(texts.size());
     kivodt::informatBatch(*spec.entry, spec.widthGiven ? spec.width : kivodt::WHOLE_TEXT, spec.decimals,
@@ -92,13 +89,9 @@ TEST(Batch, FormatsAsOneCallPerValueOnAnyNumberOfThreads) {
 TEST(Batch, ReadsAsKivodtDoesOnAnyNumberOfThreads) {
     for (std::size_t size : SIZES) {
         std::vector<std::string_view> texts;
-        for (std::size_t i = 0; i < size; ++i) {
-            texts.emplace_back(TEXTS[i % std::size(TEXTS)]);
-        }
+        for (std::size_t i = 0; i < size; ++i) texts.emplace_back(TEXTS[i % std::size(TEXTS)]);
         for (const kivodt::InformatEntry& entry : kivodt::informatCatalog()) {
-            if (entry.readsBytes) {
-                continue;  // kivodt reads those only as hex pairs; the batch takes the bytes themselves
-            }
+            if (entry.readsBytes) continue;  // kivodt reads those only as hex pairs; the batch takes the bytes
             for (bool widthGiven : {false, true}) {
                 const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, entry.limits.defaultWidth, 0, widthGiven};
                 const std::string expected = runnerOutput(spec, texts);
@@ -116,9 +109,7 @@ TEST(Batch, LocatorReachesEveryThreadOfTheBatchAndTheCallersOneIsTheDefault) {
     own.env().setMissingChar('?');
     const std::vector<double> missing(7, kivo::lum_numeric::MISSING);
     std::string question;
-    for (std::size_t i = 0; i < missing.size(); ++i) {
-        question += "    ?";
-    }
+    for (std::size_t i = 0; i < missing.size(); ++i) question += "    ?";
     const kivodt::FormatEntry& date = *kivodt::findFormat("DATE");
     std::string fields(missing.size() * 5, '#');
     kivodt::formatBatch(date, 5, 0, missing, fields.data(), 3, &own);
@@ -144,6 +135,60 @@ TEST(Batch, RefusesWhatItCannotConvertSafely) {
     EXPECT_THROW(kivodt::informatBatch(anydtdte, 9, 0, {"0123", backwards}, result, accepted, 1),
                  std::invalid_argument);
     EXPECT_THROW(kivodt::informatBatch(anydtdte, 9, 0, {"0123", three}, result, accepted, 1), std::invalid_argument);
+}
+
+// Upper-cases each line; a line "bad" is named by its number in the messages.
+int upperCase(std::string_view lines, std::size_t first, std::string& out, std::string& messages) {
+    int status = 0;
+    kivodt::forEachLine(lines, first, [&](std::string_view line, std::size_t number) {
+        if (line == "bad") {
+            messages += "line " + std::to_string(number) + " bad\n";
+            status = 1;
+            return;
+        }
+        for (char c : line) out += static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+        out += '\n';
+    });
+    return status;
+}
+
+kivodt::test::Captured run(const std::string& input, int threads, std::size_t blockBytes) {
+    const auto tooLong = [](std::size_t number, std::string& messages) {
+        messages += "line " + std::to_string(number) + " too long\n";
+    };
+    return kivodt::test::capture(input, [&](const kivodt::Streams& streams) {
+        const kivodt::LineBlockStreams lineStreams{streams.in, streams.out, streams.err};
+        return kivodt::convertLineBlocks(lineStreams, threads, upperCase, tooLong, blockBytes).status;
+    });
+}
+
+TEST(LineBlocks, AnyThreadCountAndBlockSizeGivesTheLineByLineOutput) {
+    std::string many;
+    for (int i = 0; i < 500; ++i) {
+        many += i % 97 == 0 ? "bad\n" : "line" + std::to_string(i) + (i % 3 == 0 ? "\r\n" : "\n");
+    }
+    const std::string inputs[] = {"", "\n", "a", "a\nb", "a\r\n\nb\n", "bad\nx\nbad", many};
+    for (const std::string& input : inputs) {
+        const kivodt::test::Captured expected = run(input, 1, 1 << 20);
+        for (int threads : {1, 2, 3, 4}) {
+            for (std::size_t block : {std::size_t{64}, std::size_t{1000}, std::size_t{1} << 20}) {
+                const kivodt::test::Captured got = run(input, threads, block);
+                EXPECT_EQ(got.out, expected.out) << threads << " threads, block " << block;
+                EXPECT_EQ(got.err, expected.err) << threads << " threads, block " << block;
+                EXPECT_EQ(got.status, expected.status);
+            }
+        }
+    }
+}
+
+TEST(LineBlocks, ALineLongerThanTheBlockIsNamedAndSkipped) {
+    const std::string input = "a\n" + std::string(100, 'x') + "\r\nb\n" + std::string(50, 'y');
+    for (int threads : {1, 2}) {
+        const kivodt::test::Captured got = run(input, threads, 16);
+        EXPECT_EQ(got.out, "A\nB\n");
+        EXPECT_EQ(got.err, "line 2 too long\nline 4 too long\n");
+        EXPECT_EQ(got.status, 1);
+    }
 }
 
 }  // namespace

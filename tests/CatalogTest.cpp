@@ -1,27 +1,26 @@
 // The front end's catalog against the library: every exported format and informat has exactly one
 // entry, and every entry, at every width and decimals it accepts, keeps to its field and allocates
-// nothing, on edge values (formats) and on hostile texts (informats). Under the asan preset this is
-// the out-of-field guarantee.
+// nothing, on edge values (formats) and on hostile texts (informats); under the asan preset this is
+// the out-of-field guarantee. The date and time formats' common entry steps are checked here too.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <atomic>
-#include <cstdlib>
-#include <new>
 #include <cfloat>
 #include <cmath>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iomanip>
-#include <sstream>
 #include <map>
 #include <memory>
+#include <new>
 #include <random>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "FormatFieldSupport.h"
 #include "kivodt/Catalog.h"
 #include "kivox/Missing.h"
 #include "kivox/Services.h"
@@ -35,9 +34,7 @@ std::atomic<long> allocations{0};
 #pragma GCC diagnostic ignored "-Wmismatched-new-delete"
 void* operator new(std::size_t size) {
     ++allocations;
-    if (void* block = std::malloc(size == 0 ? 1 : size)) {
-        return block;
-    }
+    if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
     throw std::bad_alloc();
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
@@ -63,9 +60,7 @@ std::set<std::string> exportedEntryPoints() {
             const bool entryPoint = !line.empty() && std::all_of(line.begin(), line.end(), [](char c) {
                 return std::isalpha(static_cast<unsigned char>(c)) != 0;
             });
-            if (entryPoint && (line.ends_with("Format") || line.ends_with("Informat"))) {
-                names.insert(line);
-            }
+            if (entryPoint && (line.ends_with("Format") || line.ends_with("Informat"))) names.insert(line);
         }
     }
     return names;
@@ -75,21 +70,13 @@ bool isMissing(double value) {
     return (std::bit_cast<std::uint64_t>(value) & kivo::lum_numeric::MISSING_MASK) == kivo::lum_numeric::MISSING_MASK;
 }
 
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower) {
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return lower;
-}
-
 template <class Entry>
 void countSymbols(std::span<const Entry> catalog, const char* suffix, std::map<std::string, int>& counts) {
     for (const Entry& entry : catalog) {
-        if (entry.symbol.empty()) {
-            continue;
-        }
-        EXPECT_EQ(entry.symbol, lowerCase(entry.name) + suffix) << "the name and symbol of " << entry.name;
+        if (entry.symbol.empty()) continue;
+        std::string lower(entry.name);
+        for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        EXPECT_EQ(entry.symbol, lower + suffix) << "the name and symbol of " << entry.name;
         ++counts[std::string(entry.symbol)];
     }
 }
@@ -107,9 +94,7 @@ TEST(Catalog, NamesEveryExportedFormatAndInformatExactlyOnce) {
     }
     // Only the front end's own numeric formats call no library symbol.
     for (const FormatEntry& entry : kivodt::formatCatalog()) {
-        if (entry.symbol.empty()) {
-            EXPECT_TRUE(entry.kind == kivodt::ValueKind::NUMBER) << entry.name;
-        }
+        EXPECT_TRUE(!entry.symbol.empty() || entry.kind == kivodt::ValueKind::NUMBER) << entry.name;
     }
     EXPECT_FALSE(exported.empty());
 }
@@ -170,7 +155,8 @@ TEST(CatalogSweep, EveryFormatWritesExactlyItsFieldAtEveryWidthAndDecimals) {
                     calls += 2;
                     if ((!guarded || low != high) && failures.size() < 2000) {
                         std::ostringstream line;
-                        line << entry.name << width << "." << decimals << " of " << std::setprecision(17) << value
+                        line.precision(17);
+                        line << entry.name << width << "." << decimals << " of " << value
                              << (guarded ? ": left bytes unwritten\n" : ": wrote outside its field\n");
                         failures += line.str();
                     }
@@ -201,10 +187,7 @@ std::vector<std::string> hostileTexts() {
                                       std::string(5000, '9'), std::string(5000, ' '), "1" + std::string(4000, '0'),
                                       std::string(3000, '.')};
     std::string everyByte;
-    for (int c = 0; c < 256; ++c) {
-        texts.emplace_back(1, static_cast<char>(c));
-        everyByte += static_cast<char>(c);
-    }
+    for (int c = 0; c < 256; ++c) texts.emplace_back(1, static_cast<char>(c)), everyByte += static_cast<char>(c);
     texts.push_back(everyByte);
     const char* pieces[] = {"0", "1", "12", "31", "2021", "99", "9999", "20000", "JAN", "feb", "Dec", "MONDAY",
                             ":", "/", "-", ".", " ", "\t", "AM", "PM", "T", "Q", "W", "H", "r.", "\0", "\xFF"};
@@ -247,6 +230,45 @@ TEST(CatalogSweep, EveryInformatReadsOnlyItsFieldAndLeavesARejectedResultAlone) 
         }
     }
     EXPECT_EQ(failures.substr(0, 2000), "");
+}
+
+// The steps every date, time and datetime format of the catalog takes before its layout, at every width
+// and decimals it accepts: a missing value prints as blanks and its character, which the decimals move
+// left only where the catalog says they do, and a value just past either end of the calendar, counted
+// in the format's kind of value, fills the field with "*".
+// The values next to the calendar's first day (1 January 1582) and after its last (31 December 20000).
+std::pair<double, double> beyondTheCalendar(kivodt::ValueKind kind) {
+    constexpr double FIRST_DAY = -138061, LAST_DAY = 6589340, DAY = 86400;
+    if (kind == kivodt::ValueKind::DAY) return {FIRST_DAY - 1, LAST_DAY + 1};
+    return {FIRST_DAY * DAY - 0.5, (LAST_DAY + 1) * DAY};
+}
+
+TEST(FormatEntrySteps, MissingCharacterAndStarsBeyondTheCalendar) {
+    int checked = 0;
+    for (const kivodt::FormatEntry& entry : kivodt::formatCatalog()) {
+        if (entry.kind == kivodt::ValueKind::NUMBER || entry.writesBytes) {
+            continue;  // the numeric and packed fields have tables of their own
+        }
+        const bool moves = entry.limits.decimals == kivodt::Decimals::MISSING_POSITION;
+        const auto [before, after] = beyondTheCalendar(entry.kind);
+        for (int width = entry.limits.minWidth; width <= entry.limits.maxWidth; ++width) {
+            const std::string stars(static_cast<std::size_t>(width), '*');
+            for (int decimals = 0; decimals <= kivodt::maxDecimals(entry.limits, width); ++decimals) {
+                std::string missing(static_cast<std::size_t>(width), ' ');
+                missing[static_cast<std::size_t>(width - 1 - (moves ? decimals : 0))] = '.';
+                const std::string spec =
+                    std::string(entry.name) + std::to_string(width) + "." + std::to_string(decimals);
+                const auto field = [&](double value) {
+                    return kivo::test::formatField(entry.function, width, decimals, value);
+                };
+                EXPECT_EQ(field(kivo::lum_numeric::MISSING), missing) << spec;
+                EXPECT_EQ(field(before), stars) << spec;
+                EXPECT_EQ(field(after), stars) << spec;
+                ++checked;
+            }
+        }
+    }
+    EXPECT_GT(checked, 0);
 }
 
 }  // namespace

@@ -30,9 +30,7 @@ TEST(Concurrency, CallsSeeWholeOptionValuesWhileTheyChange) {
                 dateFormat(field, 5, 0, kivo::lum_numeric::MISSING);
                 const std::string shown(field, 5);
                 // 1 February or 2 January 2003; "." or "?" for the missing value.
-                if ((day != 15737 && day != 15707) || (shown != "    ." && shown != "    ?")) {
-                    ++oddResults;
-                }
+                if ((day != 15737 && day != 15707) || (shown != "    ." && shown != "    ?")) ++oddResults;
             }
         });
     }
@@ -42,9 +40,7 @@ TEST(Concurrency, CallsSeeWholeOptionValuesWhileTheyChange) {
         std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
     stop = true;
-    for (std::thread& caller : callers) {
-        caller.join();
-    }
+    for (std::thread& caller : callers) caller.join();
     host.systemOptions().setOption("datestyle", "locale");
     host.env().setMissingChar('.');
     EXPECT_EQ(oddResults.load(), 0);

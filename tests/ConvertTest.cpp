@@ -17,28 +17,14 @@ namespace {
 
 using kivodt::test::capture;
 using kivodt::test::Captured;
-
-kivodt::ResolvedSpec<kivodt::FormatEntry> format(const char* text) {
-    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
-    std::string error;
-    EXPECT_TRUE(kivodt::resolveFormat(text, spec, error)) << error;
-    return spec;
-}
-
-kivodt::ResolvedSpec<kivodt::InformatEntry> informat(const char* text) {
-    kivodt::ResolvedSpec<kivodt::InformatEntry> spec;
-    std::string error;
-    EXPECT_TRUE(kivodt::resolveInformat(text, spec, error)) << error;
-    return spec;
-}
+using kivodt::test::format;
+using kivodt::test::informat;
 
 // An informat that reads a day serial written as digits and rejects anything else.
 int digitsInformat(const char* text, int width, int, int, double* result) {
     double value = 0;
     for (int i = 0; i < width; ++i) {
-        if (text[i] < '0' || text[i] > '9') {
-            return 0;
-        }
+        if (text[i] < '0' || text[i] > '9') return 0;
         value = value * 10 + (text[i] - '0');
     }
     *result = value;
@@ -47,15 +33,6 @@ int digitsInformat(const char* text, int width, int, int, double* result) {
 const kivodt::InformatEntry DIGITS{
     "DIGITS", "", digitsInformat, {1, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::DAY};
 
-// A format whose field holds the delimiter and quotes: a CSV must quote what it writes.
-int quotingFormat(char* field, int width, int, double) {
-    const std::string text = std::string(static_cast<std::size_t>(width) - 5, ' ') + "\"a\",b";
-    text.copy(field, text.size());
-    return 0;
-}
-const kivodt::FormatEntry QUOTING{
-    "QUOTING", "", quotingFormat, {6, 32, 8, kivodt::Decimals::NOT_USED}, kivodt::ValueKind::NUMBER};
-
 kivodt::FieldConverter formatting(const kivodt::ResolvedSpec<kivodt::FormatEntry>& spec, bool hexOutput = false) {
     kivodt::FieldConverter converter;
     std::string error;
@@ -63,22 +40,17 @@ kivodt::FieldConverter formatting(const kivodt::ResolvedSpec<kivodt::FormatEntry
     return converter;
 }
 
-kivodt::FieldConverter converting(const char* informatText, const char* formatText) {
+kivodt::FieldConverter converting(const kivodt::ResolvedSpec<kivodt::InformatEntry>& from, const char* formatText,
+                                  bool hex = false) {
     kivodt::FieldConverter converter;
     std::string error;
-    EXPECT_TRUE(
-        kivodt::FieldConverter::converting(informat(informatText), format(formatText), false, false, converter, error))
-        << error;
+    EXPECT_TRUE(kivodt::FieldConverter::converting(from, format(formatText), hex, hex, converter, error)) << error;
     return converter;
 }
+const kivodt::ResolvedSpec<kivodt::InformatEntry> DIGITS8{&DIGITS, 8, 0, false};
 
 TEST(KivodtConvert, HandsAValueToAFormatOfAnotherKindOrRefuses) {
-    struct Case {
-        const char* informat;
-        const char* format;
-        const char* text;
-        const char* field;  // or the refusal
-    };
+    struct Case { const char* informat; const char* format; const char* text; const char* field; /* or the refusal */ };
     const Case cases[] = {
         {"ANYDTDTE", "DATE9.", "2021-03-17", "17MAR2021"},
         {"ANYDTDTM", "DATE9.", "2021-03-17T23:59:59", "17MAR2021"},  // the day a datetime falls on
@@ -109,10 +81,7 @@ TEST(KivodtConvert, HandsAValueToAFormatOfAnotherKindOrRefuses) {
 }
 
 TEST(KivodtConvert, ALineThatCannotBeReadIsNamedAndGivesABlankFieldOrItself) {
-    const kivodt::ResolvedSpec<kivodt::InformatEntry> digits{&DIGITS, 8, 0, false};
-    kivodt::FieldConverter converter;
-    std::string error;
-    ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE9."), false, false, converter, error));
+    const kivodt::FieldConverter converter = converting(DIGITS8, "DATE9.");
     const std::string input = "22356\nx1\n0\n";
     const Captured blank =
         capture(input, [&](const kivodt::Streams& streams) { return kivodt::runConvert(converter, {}, {}, streams); });
@@ -124,24 +93,19 @@ TEST(KivodtConvert, ALineThatCannotBeReadIsNamedAndGivesABlankFieldOrItself) {
     });
     EXPECT_EQ(kept.out, "17MAR2021\nx1\n01JAN1960\n");
 
-    ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE5."), true, true, converter, error));
+    const kivodt::FieldConverter hexConverter = converting(DIGITS8, "DATE5.", true);
     const std::string_view hexTexts[] = {"3232333536", "zz"};
     const Captured hex = capture(
-        "", [&](const kivodt::Streams& streams) { return kivodt::runConvert(converter, hexTexts, {}, streams); });
+        "", [&](const kivodt::Streams& streams) { return kivodt::runConvert(hexConverter, hexTexts, {}, streams); });
     EXPECT_EQ(hex.out, "31374D4152\n2020202020\n");  // "17MAR", and the blank field
     EXPECT_EQ(hex.err, "kivodt: argument 2: not hex pairs: \"zz\"\n");
 }
 
-struct CsvCase {
-    const char* input;
-    const char* columns;
-    const char* output;
-    int status;
-    const char* message;  // part of what standard error says
-};
+// message: part of what standard error says.
+struct CsvCase { const char* input; const char* columns; const char* output; int status; const char* message; };
 
 // Runs converter over each case's CSV with the options csv (its columns taken from the case).
-void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, std::span<const CsvCase> cases,
+void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, std::initializer_list<CsvCase> cases,
               const kivodt::RunOptions& options = {}) {
     for (const CsvCase& c : cases) {
         std::vector<kivodt::ColumnChoice> choices;
@@ -158,7 +122,7 @@ void checkCsv(const kivodt::FieldConverter& converter, kivodt::CsvOptions csv, s
 }
 
 TEST(KivodtCsv, ConvertsTheChosenColumnsAndKeepsEveryOtherByte) {
-    const CsvCase cases[] = {
+    checkCsv(converting(informat("ANYDTDTE"), "DATE9."), {}, {
         {"id,when,note\r\n1,2021-03-17,\"a, \"\"quoted\"\"\r\nnote\"\r\n2,\"03/17/2021\",x\r\n", "when",
          "id,when,note\r\n1,17MAR2021,\"a, \"\"quoted\"\"\r\nnote\"\r\n2,17MAR2021,x\r\n", 0, ""},
         {"when,when2\n20210317,2021-03-17", "1,when2", "when,when2\n17MAR2021,17MAR2021", 0, ""},
@@ -172,59 +136,41 @@ TEST(KivodtCsv, ConvertsTheChosenColumnsAndKeepsEveryOtherByte) {
         {"a,b\n1,2\n", "date", "", 2, "kivodt: no column \"date\" in the header; the columns are 1 \"a\", 2 \"b\"\n"},
         {"a,b\n", "3", "", 2, "no column 3"},
         {"", "a", "", 0, ""},
-    };
-    checkCsv(converting("ANYDTDTE", "DATE9."), {}, cases);
+    });
 }
 
-// Delimiters, --no-header and --keep-blanks are checked end to end by the CLI script.
-TEST(KivodtCsv, AFieldWrittenIsQuotedWhenItHoldsTheDelimiterOrAQuote) {
-    const CsvCase written[] = {
-        {"a,b\n1,5\n", "b", "a,b\n1,\"\"\"a\"\",b\"\n", 0, ""},
-    };
-    const kivodt::ResolvedSpec<kivodt::FormatEntry> quoting{&QUOTING, 8, 0, true};
-    checkCsv(formatting(quoting), {}, written);
-}
-
+// Delimiters, --no-header, --keep-blanks and a written field quoted are checked end to end by the CLI
+// script.
 TEST(KivodtCsv, AFieldThatCannotBeUsedIsNamedAndLeftEmptyOrAsItCame) {
-    const kivodt::ResolvedSpec<kivodt::InformatEntry> digits{&DIGITS, 8, 0, false};
-    kivodt::FieldConverter converter;
-    std::string error;
-    ASSERT_TRUE(kivodt::FieldConverter::converting(digits, format("DATE9."), false, false, converter, error));
+    const kivodt::FieldConverter converter = converting(DIGITS8, "DATE9.");
     const char* input = "n,day\n1,22356\n2,\"x,1\"\n";
-    const CsvCase emptied[] = {
-        {input, "day", "n,day\n1,17MAR2021\n2,\n", 1,
-         "kivodt: row 3 (line 3), column 2 \"day\": not read by DIGITS: \"x,1\"\n"},
-    };
-    checkCsv(converter, {}, emptied);
-    const CsvCase kept[] = {{input, "day", "n,day\n1,17MAR2021\n2,\"x,1\"\n", 1, "column 2 \"day\""}};
-    checkCsv(converter, {}, kept, {.keep = true});
-    const CsvCase values[] = {{"1,x\n", "2", "1,\n", 1, "row 1 (line 1), column 2: not a number or missing value"}};
-    checkCsv(formatting(format("DATE9.")), {.header = false}, values);
-    const CsvCase read[] = {{"a\n15JAN2000\n", "a", "a\n14624\n", 0, ""}};
-    checkCsv(kivodt::FieldConverter::reading(informat("ANYDTDTE"), false), {}, read);
+    checkCsv(converter, {}, {{input, "day", "n,day\n1,17MAR2021\n2,\n", 1,
+                              "kivodt: row 3 (line 3), column 2 \"day\": not read by DIGITS: \"x,1\"\n"}});
+    checkCsv(converter, {}, {{input, "day", "n,day\n1,17MAR2021\n2,\"x,1\"\n", 1, "column 2 \"day\""}}, {.keep = true});
+    checkCsv(formatting(format("DATE9.")), {.header = false},
+             {{"1,x\n", "2", "1,\n", 1, "row 1 (line 1), column 2: not a number or missing value"}});
+    checkCsv(kivodt::FieldConverter::reading(informat("ANYDTDTE"), false), {},
+             {{"a\n15JAN2000\n", "a", "a\n14624\n", 0, ""}});
 }
 
 TEST(KivodtCsv, ARecordOverTheLimitIsCopiedThroughWhateverComesAround) {
-    const CsvCase cases[] = {
-        {"a,b\n1,0\n2,\"0123456789\n0123456789\"\n3,1\n", "2",
-         "a,b\n1,01JAN1960\n2,\"0123456789\n0123456789\"\n3,02JAN1960\n", 1,
-         "kivodt: row 3 (line 3): longer than 16 bytes; copied unchanged\n"},
-    };
-    checkCsv(formatting(format("DATE9.")), {.maxRecordLength = 16}, cases);
+    checkCsv(formatting(format("DATE9.")), {.maxRecordLength = 16},
+             {{"a,b\n1,0\n2,\"0123456789\n0123456789\"\n3,1\n", "2",
+               "a,b\n1,01JAN1960\n2,\"0123456789\n0123456789\"\n3,02JAN1960\n", 1,
+               "kivodt: row 3 (line 3): longer than 16 bytes; copied unchanged\n"}});
 }
 
 TEST(KivodtCsv, RowsAcrossManyBlocksComeOutInOrder) {
-    std::string input = "n,day,\"quoted, note\"\r\n", output = input, expected;
+    std::string input = "n,day,\"quoted, note\"\r\n", output = input;
+    const kivodt::ResolvedSpec<kivodt::FormatEntry> date = format("DATE9.");
     for (int row = 0; row < 20000; ++row) {
         const std::string day = row % 7 == 0 ? "" : std::to_string(row % 1000);
         input += std::to_string(row) + "," + day + ",\"x\r\ny\"\r\n";
         char field[9];
-        kivodt::ResolvedSpec<kivodt::FormatEntry> date = format("DATE9.");
         date.entry->function(field, 9, 0, row % 1000);
         output += std::to_string(row) + "," + (day.empty() ? "" : std::string(field, 9)) + ",\"x\r\ny\"\r\n";
     }
-    const CsvCase cases[] = {{input.c_str(), "day", output.c_str(), 0, ""}};
-    checkCsv(formatting(format("DATE9.")), {}, cases);
+    checkCsv(formatting(date), {}, {{input.c_str(), "day", output.c_str(), 0, ""}});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "RunCapture.h"
 #include "kivodt/CsvColumns.h"
 #include "kivodt/CsvFieldText.h"
 #include "kivodt/CsvRecords.h"
@@ -15,9 +16,7 @@ namespace {
 // joined by "|", then its terminator with "%" for "\r" and "$" for "\n", and "!" for a quote left open; a record
 // over the limit shows as "<long>". Every byte handed on must add up to the input.
 std::string recordsOf(const std::string& input, char delimiter, std::size_t limit, std::size_t chunkBytes) {
-    std::FILE* in = std::tmpfile();
-    std::fwrite(input.data(), 1, input.size(), in);
-    std::rewind(in);
+    std::FILE* in = kivodt::test::fileWith(input);
     kivodt::CsvRecords records(in, delimiter, limit, chunkBytes);
     std::string seen, bytes;
     kivodt::CsvRecord record;
@@ -45,8 +44,7 @@ std::string recordsOf(const std::string& input, char delimiter, std::size_t limi
 
 TEST(CsvRecords, SplitsFieldsAndRecordsWhereverTheChunksEnd) {
     const std::pair<const char*, const char*> cases[] = {
-        {"a,b,c\n1,2,3\n", "1:a|b|c$ 2:1|2|3$ "},
-        {"a,b\r\n1,2\r\n", "1:a|b%$ 2:1|2%$ "},
+        {"a,b,c\n1,2,3\n", "1:a|b|c$ 2:1|2|3$ "}, {"a,b\r\n1,2\r\n", "1:a|b%$ 2:1|2%$ "},
         {"a,b\r\n1,2", "1:a|b%$ 2:1|2 "},  // no terminator at the end
         {"a,b\r", "1:a|b% "},              // a CR at the end ends the record
         {"\"x,y\",\"say \"\"hi\"\"\",\n", "1:\"x,y\"|\"say \"\"hi\"\"\"|$ "},
@@ -55,9 +53,7 @@ TEST(CsvRecords, SplitsFieldsAndRecordsWhereverTheChunksEnd) {
         {"a\rb,c\n", "1:a\rb|c$ "},             // a lone CR is text
         {"ab\"c,d\n", "1:ab\"c|d$ "},           // a quote inside an unquoted field is text
         {"\"ab\"c,d\n", "1:\"ab\"c|d$ "},       // and so is text after a closing quote
-        {",,\n\n", "1:||$ 2:$ "},
-        {"", ""},
-        {"\"open,\nto the end", "1:\"open,\nto the end! "},
+        {",,\n\n", "1:||$ 2:$ "}, {"", ""}, {"\"open,\nto the end", "1:\"open,\nto the end! "},
         {"\"open\r", "1:\"open\r! "},
     };
     for (const auto& [input, records] : cases) {
@@ -91,13 +87,8 @@ TEST(CsvFieldText, TakesQuotesOffAndPutsThemOnWhereNeeded) {
         EXPECT_EQ(out, std::string("<") + text) << field;
     }
     const std::pair<const char*, const char*> written[] = {
-        {"17MAR2021", "17MAR2021"},
-        {"March 17, 2021", "\"March 17, 2021\""},
-        {"a\"b", "\"a\"\"b\""},
-        {"a\nb", "\"a\nb\""},
-        {"a\rb", "\"a\rb\""},
-        {"a;b", "a;b"},
-        {"", ""},
+        {"17MAR2021", "17MAR2021"}, {"March 17, 2021", "\"March 17, 2021\""}, {"a\"b", "\"a\"\"b\""},
+        {"a\nb", "\"a\nb\""},       {"a\rb", "\"a\rb\""},                   {"a;b", "a;b"}, {"", ""},
     };
     for (const auto& [text, field] : written) {
         std::string out;
@@ -122,9 +113,7 @@ std::string columnsOf(const char* list, bool header, std::vector<std::string> na
         return error;
     }
     std::string shown;
-    for (const std::size_t index : indexes) {
-        shown += (shown.empty() ? "" : ",") + std::to_string(index);
-    }
+    for (const std::size_t index : indexes) shown += (shown.empty() ? "" : ",") + std::to_string(index);
     return shown;
 }
 

@@ -1,14 +1,21 @@
 // The DATE writer, the year writer and the single-component formats, the missing-value writers and the
 // digit counter they share.
+// The day-month-year, month-year and quarter families: each family is one table, a row per date, a
+// column per width from the family's narrowest, 'x' standing for the separator of the variant run. Every
+// variant of the family runs every row, so a separator, a component order or a width rule that one
+// variant gets wrong shows up there.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <initializer_list>
+#include <span>
 #include <string>
 
 #include "FormatFieldSupport.h"
 #include "HostSupport.h"
+#include "kivo/Formats.h"
 #include "kivo/format/Missing.h"
 #include "kivox/Missing.h"
 
@@ -101,6 +108,141 @@ TEST(NumberOfDigits, CountsDecimalDigits) {
     EXPECT_EQ(numberOfDigits(0), 0);
     EXPECT_EQ(numberOfDigits(-5), 0);
     EXPECT_EQ(numberOfDigits(-1LL), 0);
+}
+
+const double D0 = 0;                           // 1 January 1960
+const double LEAP_DAY = day(2020, 2, 29);      // Q1
+const double YEAR_END = day(1999, 12, 31);     // Q4
+const double BEFORE_1600 = day(1582, 10, 15);  // Q4
+const double Y12000 = day(12000, 1, 15);       // past the four year positions
+const double MAY_1960 = day(1960, 5, 1);       // Q2
+const double AUG_1960 = day(1960, 8, 1);       // Q3
+const double NOV_1960 = day(1960, 11, 30);     // Q4
+
+// secondsSerial marks the DT formats, which are given the same day at noon.
+struct Variant { KivoFormatFunction format; const char* name; char separator; bool secondsSerial = false; };
+
+struct Row { double day; std::initializer_list<const char*> byWidth; };
+
+// A variant's function and name from one token: VARIANT(ddmmyyb, ' ').
+#define VARIANT(stem, ...) Variant{stem##Format, #stem, __VA_ARGS__}
+
+const Variant DDMMYY_VARIANTS[] = {VARIANT(ddmmyy, '/'),  VARIANT(ddmmyyb, ' '), VARIANT(ddmmyyc, ':'),
+                                   VARIANT(ddmmyyd, '-'), VARIANT(ddmmyyp, '.'), VARIANT(ddmmyys, '/')};
+const Variant MMDDYY_VARIANTS[] = {VARIANT(mmddyy, '/'),  VARIANT(mmddyyb, ' '), VARIANT(mmddyyc, ':'),
+                                   VARIANT(mmddyyd, '-'), VARIANT(mmddyyp, '.'), VARIANT(mmddyys, '/')};
+const Variant YYMMDD_VARIANTS[] = {VARIANT(yymmdd, '-'),  VARIANT(yymmddb, ' '), VARIANT(yymmddc, ':'),
+                                   VARIANT(yymmddd, '-'), VARIANT(yymmddp, '.'), VARIANT(yymmdds, '/')};
+const Variant MMYY_VARIANTS[] = {VARIANT(mmyy, 'M'), VARIANT(mmyyc, ':'), VARIANT(mmyyd, '-'), VARIANT(mmyyp, '.'),
+                                 VARIANT(mmyys, '/')};
+const Variant YYMM_VARIANTS[] = {VARIANT(yymm, 'M'), VARIANT(yymmc, ':'), VARIANT(yymmd, '-'), VARIANT(yymmp, '.'),
+                                 VARIANT(yymms, '/')};
+const Variant YYQ_VARIANTS[] = {VARIANT(yyq, 'Q'),  VARIANT(yyqc, ':'), VARIANT(dtyyqc, ':', true),
+                                VARIANT(yyqd, '-'), VARIANT(yyqp, '.'), VARIANT(yyqs, '/')};
+const Variant YYQR_VARIANTS[] = {VARIANT(yyqr, 'Q'),  VARIANT(yyqrc, ':'), VARIANT(yyqrd, '-'), VARIANT(yyqrp, '.'),
+                                 VARIANT(yyqrs, '/')};
+// The writers of one variant each.
+const Variant DDMMYYN[] = {VARIANT(ddmmyyn, 0)}, MMDDYYN[] = {VARIANT(mmddyyn, 0)}, YYMMDDN[] = {VARIANT(yymmddn, 0)};
+const Variant MMYYN[] = {VARIANT(mmyyn, 0)}, YYMMN[] = {VARIANT(yymmn, 0)}, YYMON[] = {VARIANT(yymon, 0)};
+const Variant MONYY[] = {VARIANT(monyy, 0), VARIANT(dtmonyy, 0, true)};
+const Variant YYQN[] = {VARIANT(yyqn, 0)}, YYQRN[] = {VARIANT(yyqrn, 0)};
+
+void expectFamily(int narrowest, std::span<const Variant> variants, std::initializer_list<Row> rows) {
+    for (const Variant& variant : variants) {
+        for (const Row& row : rows) {
+            const double value = variant.secondsSerial ? row.day * 86400 + 43200 : row.day;
+            int width = narrowest;
+            for (std::string expected : row.byWidth) {
+                for (char& c : expected) c = c == 'x' ? variant.separator : c;
+                EXPECT_EQ(formatField(variant.format, width, 0, value), expected)
+                    << variant.name << width << ". of day " << row.day;
+                ++width;
+            }
+        }
+    }
+}
+
+TEST(DayMonthYearFormats, SeparatedShowTheSeparatorOnlyWhereItFills) {
+    expectFamily(2, DDMMYY_VARIANTS, {
+        {D0, {"01", " 01", "0101", "01x01", "010160", " 010160", "01x01x60", " 01x01x60", "01x01x1960"}},
+        {YEAR_END, {"31", " 31", "3112", "31x12", "311299", " 311299", "31x12x99", " 31x12x99", "31x12x1999"}},
+        {Y12000, {"15", " 15", "1501", "15x01", "150100", " 150100", "15x01x00", " 15x01x00", "15x01x****"}}});
+    expectFamily(2, MMDDYY_VARIANTS, {
+        {D0, {"01", " 01", "0101", "01x01", "010160", " 010160", "01x01x60", " 01x01x60", "01x01x1960"}},
+        {YEAR_END, {"12", " 12", "1231", "12x31", "123199", " 123199", "12x31x99", " 12x31x99", "12x31x1999"}},
+        {Y12000, {"01", " 01", "0115", "01x15", "011500", " 011500", "01x15x00", " 01x15x00", "01x15x****"}}});
+    expectFamily(2, YYMMDD_VARIANTS, {
+        {D0, {"60", " 60", "6001", "60x01", "600101", " 600101", "60x01x01", " 60x01x01", "1960x01x01"}},
+        {YEAR_END, {"99", " 99", "9912", "99x12", "991231", " 991231", "99x12x31", " 99x12x31", "1999x12x31"}},
+        {Y12000, {"00", " 00", "0001", "00x01", "000115", " 000115", "00x01x15", " 00x01x15", "****x01x15"}}});
+}
+
+TEST(DayMonthYearFormats, RunTogether) {
+    expectFamily(2, DDMMYYN, {
+        {D0, {"01", " 01", "0101", " 0101", "010160", " 010160", "01011960"}},
+        {LEAP_DAY, {"29", " 29", "2902", " 2902", "290220", " 290220", "29022020"}},
+        {Y12000, {"15", " 15", "1501", " 1501", "150100", " 150100", "1501****"}}});
+    expectFamily(2, MMDDYYN, {
+        {YEAR_END, {"12", " 12", "1231", " 1231", "123199", " 123199", "12311999"}},
+        {Y12000, {"01", " 01", "0115", " 0115", "011500", " 011500", "0115****"}}});
+    expectFamily(2, YYMMDDN, {
+        {D0, {"60", " 60", "6001", " 6001", "600101", " 600101", "19600101"}},
+        {BEFORE_1600, {"82", " 82", "8210", " 8210", "821015", " 821015", "15821015"}},
+        {Y12000, {"00", " 00", "0001", " 0001", "000115", " 000115", "****0115"}}});
+}
+
+// MMYY pads its widest layout and keeps "****" past 9999; YYMM and YYMON grow to five digits instead.
+TEST(MonthYearFormats, MonthFirstPadsYearFirstGrows) {
+    expectFamily(5, MMYY_VARIANTS, {
+        {D0, {"01x60", " 01x60", "01x1960", " 01x1960", "  01x1960"}},
+        {YEAR_END, {"12x99", " 12x99", "12x1999", " 12x1999", "  12x1999"}},
+        {Y12000, {"01x00", " 01x00", "01x****", " 01x****", "  01x****"}}});
+    expectFamily(4, MMYYN, {
+        {D0, {"0160", " 0160", "011960", " 011960", "  011960"}},
+        {Y12000, {"0100", " 0100", "01****", " 01****", "  01****"}}});
+    expectFamily(5, YYMM_VARIANTS, {
+        {D0, {"60x01", " 60x01", "1960x01", " 1960x01", "  1960x01"}},
+        {BEFORE_1600, {"82x10", " 82x10", "1582x10", " 1582x10", "  1582x10"}},
+        {Y12000, {"00x01", " 00x01", "****x01", "12000x01", " 12000x01"}}});
+    expectFamily(4, YYMMN, {
+        {D0, {"6001", " 6001", "196001", " 196001", "  196001"}},
+        {Y12000, {"0001", " 0001", "****01", "1200001", " 1200001"}}});
+    expectFamily(5, YYMON, {
+        {D0, {"60JAN", " 60JAN", "1960JAN", " 1960JAN", "  1960JAN"}},
+        {YEAR_END, {"99DEC", " 99DEC", "1999DEC", " 1999DEC", "  1999DEC"}},
+        {Y12000, {"00JAN", " 00JAN", "****JAN", "12000JAN", " 12000JAN"}}});
+}
+
+// '#' is a byte the format left alone: MONYY writes nothing outside its three widths.
+TEST(MonthYearFormats, MonyyHasThreeWidths) {
+    expectFamily(4, MONYY, {
+        {D0, {"####", "JAN60", " JAN60", "JAN1960", "########"}},
+        {LEAP_DAY, {"####", "FEB20", " FEB20", "FEB2020", "########"}},
+        {Y12000, {"####", "JAN00", " JAN00", "JAN****", "########"}}});
+}
+
+TEST(QuarterFormats, DigitQuarter) {
+    expectFamily(4, YYQ_VARIANTS, {
+        {D0, {"60x1", " 60x1", "1960x1", " 1960x1", "  1960x1"}},
+        {AUG_1960, {"60x3", " 60x3", "1960x3", " 1960x3", "  1960x3"}},
+        {YEAR_END, {"99x4", " 99x4", "1999x4", " 1999x4", "  1999x4"}},
+        {Y12000, {"00x1", " 00x1", "****x1", "12000x1", " 12000x1"}}});
+    expectFamily(3, YYQN, {
+        {D0, {"601", " 601", "19601", " 19601", "  19601"}}, {YEAR_END, {"994", " 994", "19994", " 19994", "  19994"}},
+        {Y12000, {"001", " 001", "****1", "120001", " 120001"}}});
+}
+
+// The year takes what the numeral leaves, so each quarter has its own layout at one width.
+TEST(QuarterFormats, RomanQuarterMovesTheYear) {
+    expectFamily(6, YYQR_VARIANTS, {
+        {D0, {"1960xI", " 1960xI", "  1960xI", "   1960xI"}},
+        {MAY_1960, {" 60xII", "1960xII", " 1960xII", "  1960xII"}},
+        {AUG_1960, {"60xIII", " 60xIII", "1960xIII", " 1960xIII"}},
+        {NOV_1960, {" 60xIV", "1960xIV", " 1960xIV", "  1960xIV"}},
+        {Y12000, {"****xI", "12000xI", " 12000xI", "  12000xI"}}});
+    expectFamily(5, YYQRN, {
+        {D0, {"1960I", " 1960I", "  1960I"}}, {AUG_1960, {"60III", " 60III", "1960III"}},
+        {NOV_1960, {" 60IV", "1960IV", " 1960IV"}}, {Y12000, {"****I", "12000I", " 12000I"}}});
 }
 
 }  // namespace

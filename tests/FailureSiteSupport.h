@@ -18,13 +18,12 @@ namespace kivo::test {
 
 using format::FailureSite;
 
-// The report of a site as a regular expression.
-inline std::string reportOf(const FailureSite& site) {
+// The report of a site (any record of message, source and line) as a regular expression.
+template <class Site>
+std::string reportOf(const Site& site) {
     std::string pattern = "kivoFail: ";
     for (const char c : std::string(site.message) + " [" + site.source + ":" + std::to_string(site.line) + "]") {
-        if (std::string_view("\\^$.|?*+()[]{}").find(c) != std::string_view::npos) {
-            pattern += '\\';
-        }
+        if (std::string_view("\\^$.|?*+()[]{}").find(c) != std::string_view::npos) pattern += '\\';
         pattern += c;
     }
     return pattern;
@@ -43,9 +42,7 @@ inline bool same(const FailureSite& a, const FailureSite& b) {
 // named among the unreachable ones.
 inline void expectTableReported(std::span<const FailureSite> table, const std::vector<Provoked>& provoked,
                          const std::vector<const FailureSite*>& unreachable) {
-    for (const Provoked& p : provoked) {
-        EXPECT_DEATH(p.call(), reportOf(p.site)) << p.site.line;
-    }
+    for (const Provoked& p : provoked) EXPECT_DEATH(p.call(), reportOf(p.site)) << p.site.line;
     for (const FailureSite& site : table) {
         const auto covers = [&](const FailureSite& other) { return same(site, other); };
         const bool covered =

@@ -30,8 +30,7 @@ inline std::string formatField(KivoFormatFunction format, int width, int decimal
 struct FieldCase {
     KivoFormatFunction format;
     const char* name;
-    int width;
-    int decimals;
+    int width, decimals;
     double value;
     const char* expected;
 };
@@ -41,28 +40,19 @@ inline void PrintTo(const FieldCase& c, std::ostream* os) {
 }
 
 // (width, decimals, value) and the field it must give, for the format of a FORMAT_ROWS group.
-struct FieldRow {
-    int width;
-    int decimals;
-    double value;
-    const char* expected;
-};
+struct FieldRow { int width, decimals; double value; const char* expected; };
 
 inline std::vector<FieldCase> formatRows(KivoFormatFunction format, const char* name,
                                          std::initializer_list<FieldRow> rows) {
     std::vector<FieldCase> cases;
-    for (const FieldRow& r : rows) {
-        cases.push_back({format, name, r.width, r.decimals, r.value, r.expected});
-    }
+    for (const FieldRow& r : rows) cases.push_back({format, name, r.width, r.decimals, r.value, r.expected});
     return cases;
 }
 
 // The groups of a table, one after the other.
 inline std::vector<FieldCase> rows(std::initializer_list<std::vector<FieldCase>> groups) {
     std::vector<FieldCase> all;
-    for (const std::vector<FieldCase>& group : groups) {
-        all.insert(all.end(), group.begin(), group.end());
-    }
+    for (const std::vector<FieldCase>& group : groups) all.insert(all.end(), group.begin(), group.end());
     return all;
 }
 
@@ -70,9 +60,7 @@ inline std::vector<FieldCase> rows(std::initializer_list<std::vector<FieldCase>>
 inline std::vector<FieldCase> widthRows(KivoFormatFunction format, const char* name, int first, double value,
                                         std::initializer_list<const char*> fields) {
     std::vector<FieldCase> cases;
-    for (const char* expected : fields) {
-        cases.push_back({format, name, first++, 0, value, expected});
-    }
+    for (const char* expected : fields) cases.push_back({format, name, first++, 0, value, expected});
     return cases;
 }
 

@@ -16,130 +16,90 @@
 namespace {
 
 TEST(KivodtSpec, ParsesNameWidthAndDecimals) {
-    struct Case {
-        const char* text;
-        bool ok;
-        const char* name;
-        int width;
-        bool hasWidth;
-        int decimals;
+    // What the text means as "name width(if given).decimals", or "refused".
+    const std::pair<const char*, const char*> cases[] = {
+        {"DATE9.", "DATE 9.0"}, {"date9", "DATE 9.0"}, {"TIME12.3", "TIME 12.3"}, {"DATE", "DATE .0"},
+        {"Date.", "DATE .0"},   {"12.3", " 12.3"},     {"", "refused"},           {"9DATE", "refused"},
+        {"DATE9.x", "refused"}, {"DATE 9", "refused"}, {"DATE99999", "refused"},  {".3", "refused"},
     };
-    const Case cases[] = {
-        {"DATE9.", true, "DATE", 9, true, 0},  {"date9", true, "DATE", 9, true, 0},
-        {"TIME12.3", true, "TIME", 12, true, 3}, {"DATE", true, "DATE", 0, false, 0},
-        {"Date.", true, "DATE", 0, false, 0},  {"12.3", true, "", 12, true, 3},
-        {"", false, "", 0, false, 0},          {"9DATE", false, "", 0, false, 0},
-        {"DATE9.x", false, "", 0, false, 0},   {"DATE 9", false, "", 0, false, 0},
-        {"DATE99999", false, "", 0, false, 0}, {".3", false, "", 0, false, 0},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [text, meaning] : cases) {
         kivodt::SpecText spec;
         std::string error;
-        ASSERT_EQ(kivodt::parseSpecText(c.text, spec, error), c.ok) << c.text << ": " << error;
-        if (c.ok) {
-            EXPECT_EQ(spec.name, c.name) << c.text;
-            EXPECT_EQ(spec.hasWidth, c.hasWidth) << c.text;
-            EXPECT_EQ(spec.width, c.width) << c.text;
-            EXPECT_EQ(spec.decimals, c.decimals) << c.text;
-        } else {
-            EXPECT_FALSE(error.empty()) << c.text;
-        }
+        const bool parsed = kivodt::parseSpecText(text, spec, error);
+        EXPECT_EQ(parsed ? spec.name + " " + (spec.hasWidth ? std::to_string(spec.width) : "") + "." +
+                               std::to_string(spec.decimals)
+                         : "refused",
+                  meaning)
+            << text;
+        EXPECT_EQ(error.empty(), parsed) << text;
     }
 }
 
 TEST(KivodtSpec, ResolvesAgainstTheCatalogLimits) {
-    struct Case {
-        const char* text;
-        bool ok;
-        int width;
-        const char* errorPart;
-    };
+    struct Case { const char* text; bool ok; int width; const char* errorPart; };
     const Case cases[] = {
-        {"DATE", true, 7, ""},
-        {"date11.", true, 11, ""},
-        {"DATE4.", false, 0, "DATE: widths 5-11 (default 7)"},
-        {"DATE9.2", false, 0, "decimals 0-0"},
-        {"YEAR8.2", true, 8, ""},
-        {"YEAR4.4", false, 0, "decimals 0-3"},
-        {"DATX9.", false, 0, "did you mean DATE, DAY"},
-        {"MONTHNAME", false, 0, "MONNAME"},
+        {"DATE", true, 7, ""}, {"date11.", true, 11, ""}, {"DATE4.", false, 0, "DATE: widths 5-11 (default 7)"},
+        {"DATE9.2", false, 0, "decimals 0-0"}, {"YEAR8.2", true, 8, ""}, {"YEAR4.4", false, 0, "decimals 0-3"},
+        {"DATX9.", false, 0, "did you mean DATE, DAY"}, {"MONTHNAME", false, 0, "MONNAME"},
     };
     for (const Case& c : cases) {
         kivodt::ResolvedSpec<kivodt::FormatEntry> resolved;
         std::string error;
         ASSERT_EQ(kivodt::resolveFormat(c.text, resolved, error), c.ok) << c.text << ": " << error;
-        if (c.ok) {
-            EXPECT_EQ(resolved.width, c.width) << c.text;
-        } else {
-            EXPECT_NE(error.find(c.errorPart), std::string::npos) << c.text << ": " << error;
-        }
+        EXPECT_TRUE(c.ok ? resolved.width == c.width : error.find(c.errorPart) != std::string::npos) << c.text;
     }
 }
 
-TEST(KivodtValues, ParsesNumbersAndMissingNotation) {
-    double value = 0;
-    EXPECT_TRUE(kivodt::parseValue(" 22356 ", value));
-    EXPECT_EQ(value, 22356);
-    EXPECT_TRUE(kivodt::parseValue("+1.5e3", value));
-    EXPECT_EQ(value, 1500);
-    EXPECT_TRUE(kivodt::parseValue("-0.25", value));
-    EXPECT_EQ(value, -0.25);
-    EXPECT_TRUE(kivodt::parseValue(".k", value));
-    EXPECT_EQ(kivo::lum_numeric::missingChar(value), 'K');
-    for (const char* bad : {"", "abc", "12x", "+-1", "..", "1 2"}) {
-        EXPECT_FALSE(kivodt::parseValue(bad, value)) << bad;
-    }
-}
-
-TEST(KivodtValues, PrintsTheShortestRoundTripOrTheMissingNotation) {
-    const std::pair<double, const char*> cases[] = {
-        {22356, "22356"}, {-5400, "-5400"}, {37815.25, "37815.25"}, {0.1, "0.1"},
-        {kivo::lum_numeric::MISSING, "."}, {kivo::lum_numeric::MISSING__, "._"},
-        {kivo::lum_numeric::specialMissing('C'), ".C"},
+// A value read and printed back: the shortest decimal that reads back to the same double, or the
+// missing notation; "refused" for a text that is neither.
+TEST(KivodtValues, ReadAndPrintedBack) {
+    const std::pair<const char*, const char*> cases[] = {
+        {" 22356 ", "22356"}, {"+1.5e3", "1500"}, {"-0.25", "-0.25"}, {"-5400", "-5400"}, {"37815.25", "37815.25"},
+        {"0.1", "0.1"},       {".", "."},          {"._", "._"},        {".k", ".K"},       {"", "refused"},
+        {"abc", "refused"},   {"12x", "refused"},  {"+-1", "refused"},  {"..", "refused"}, {"1 2", "refused"},
     };
-    for (const auto& [value, text] : cases) {
+    for (const auto& [text, printed] : cases) {
+        double value = 0;
         char out[32];
-        EXPECT_EQ(std::string(out, kivodt::printValue(value, out)), text);
+        EXPECT_EQ(kivodt::parseValue(text, value) ? std::string(out, kivodt::printValue(value, out)) : "refused",
+                  printed)
+            << text;
     }
 }
 
 TEST(KivodtValues, MessagesShowTextsEscapedAndCut) {
     const std::pair<std::string, std::string> cases[] = {
-        {"abc", "\"abc\""},
-        {std::string("a\0b", 3), "\"a\\x00b\""},
-        {"say \"hi\"\\", "\"say \\\"hi\\\"\\\\\""},
-        {"\t\r\x7F\xC9", "\"\\t\\x0d\\x7f\\xc9\""},
-        {std::string(60, 'x'), '"' + std::string(60, 'x') + '"'},
+        {"abc", "\"abc\""}, {std::string("a\0b", 3), "\"a\\x00b\""}, {"say \"hi\"\\", "\"say \\\"hi\\\"\\\\\""},
+        {"\t\r\x7F\xC9", "\"\\t\\x0d\\x7f\\xc9\""}, {std::string(60, 'x'), '"' + std::string(60, 'x') + '"'},
         {std::string(10'000'000, 'x'), '"' + std::string(60, 'x') + "\"... (10000000 bytes)"},
     };
-    for (const auto& [text, shown] : cases) {
-        EXPECT_EQ(kivodt::quotedForMessage(text), shown);
-    }
+    for (const auto& [text, shown] : cases) EXPECT_EQ(kivodt::quotedForMessage(text), shown);
 }
 
 using kivodt::test::Captured;
 using kivodt::test::capture;
+using kivodt::test::fileWith;
 
-TEST(KivodtRunner, StreamsStandardInputAndReportsBadLines) {
-    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
-    std::string error;
-    ASSERT_TRUE(kivodt::resolveFormat("DATE9.", spec, error));
+TEST(KivodtRunner, StreamsStandardInputAndNamesBadLinesAndLinesOverTheLimit) {
+    const auto spec = kivodt::test::format("DATE9.");
     const Captured run = capture("0\r\n22356\nnope\n.\n-17321", [&](const kivodt::Streams& streams) {
         return kivodt::runFormat(spec, {}, {}, streams);
     });
     EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
     EXPECT_EQ(run.out, "01JAN1960\n17MAR2021\n        .\n30JUL1912\n");
     EXPECT_NE(run.err.find("line 3"), std::string::npos) << run.err;
+    const Captured longLine = capture("0\n000001\n1\n", [&](const kivodt::Streams& streams) {
+        return kivodt::runFormat(spec, {}, {.maxLineLength = 5}, streams);
+    });
+    EXPECT_EQ(longLine.status, kivodt::EXIT_BAD_INPUT);
+    EXPECT_EQ(longLine.out, "01JAN1960\n02JAN1960\n");
+    EXPECT_EQ(longLine.err, "kivodt: line 2: longer than 5 bytes\n");
 }
 
 TEST(KivodtRunner, StopsAtAFailedWriteOrReadAndSaysWhy) {
-    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
-    std::string error;
-    ASSERT_TRUE(kivodt::resolveFormat("DATE9.", spec, error));
+    const auto spec = kivodt::test::format("DATE9.");
     std::string manyLines;
-    for (int i = 0; i < 100'000; ++i) {
-        manyLines += "0\n";
-    }
+    for (int i = 0; i < 100'000; ++i) manyLines += "0\n";
     std::FILE* full = std::fopen("/dev/full", "w");
     ASSERT_NE(full, nullptr);
     const Captured unwritten = capture(manyLines + "bad\n", [&](kivodt::Streams streams) {
@@ -162,23 +122,9 @@ TEST(KivodtRunner, StopsAtAFailedWriteOrReadAndSaysWhy) {
     EXPECT_EQ(unread.err, "kivodt: cannot read standard input: Is a directory\n");
 }
 
-TEST(KivodtRunner, NamesALineOverTheLimitAndGoesOn) {
-    kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
-    std::string error;
-    ASSERT_TRUE(kivodt::resolveFormat("DATE9.", spec, error));
-    const Captured run = capture("0\n000001\n1\n", [&](const kivodt::Streams& streams) {
-        return kivodt::runFormat(spec, {}, {.maxLineLength = 5}, streams);
-    });
-    EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
-    EXPECT_EQ(run.out, "01JAN1960\n02JAN1960\n");
-    EXPECT_EQ(run.err, "kivodt: line 2: longer than 5 bytes\n");
-}
-
 // The lines InputLines gives for input, each followed by "|"; "<long>" for one over the limit.
 std::string linesOf(const std::string& input, std::size_t limit, std::size_t chunkBytes) {
-    std::FILE* in = std::tmpfile();
-    std::fwrite(input.data(), 1, input.size(), in);
-    std::rewind(in);
+    std::FILE* in = fileWith(input);
     kivodt::InputLines lines({}, in, limit, chunkBytes);
     std::string seen;
     std::string_view line;
@@ -191,14 +137,10 @@ std::string linesOf(const std::string& input, std::size_t limit, std::size_t chu
 }
 
 TEST(KivodtInputLines, LinesOverTheLimitAreSkippedWhereverTheChunksEnd) {
+    // The "\r" before the end of a line does not count.
     const std::pair<const char*, const char*> cases[] = {
-        {"abcd\nabcde\nab\r\n\nx", "abcd|<long>|ab||x|"},
-        {"abcd\r\nabcd\r", "abcd|abcd|"},  // the "\r" before the end of a line does not count
-        {"abcd\r\r\n", "<long>|"},
-        {"abcdefghijklmnop\nab", "<long>|ab|"},
-        {"", ""},
-        {"\n\n", "||"},
-    };
+        {"abcd\nabcde\nab\r\n\nx", "abcd|<long>|ab||x|"}, {"abcd\r\nabcd\r", "abcd|abcd|"}, {"abcd\r\r\n", "<long>|"},
+        {"abcdefghijklmnop\nab", "<long>|ab|"},          {"", ""},                        {"\n\n", "||"}};
     for (const auto& [input, lines] : cases) {
         for (std::size_t chunkBytes = 1; chunkBytes <= 8; ++chunkBytes) {
             EXPECT_EQ(linesOf(input, 4, chunkBytes), lines) << '"' << input << "\" in chunks of " << chunkBytes;
@@ -208,33 +150,20 @@ TEST(KivodtInputLines, LinesOverTheLimitAreSkippedWhereverTheChunksEnd) {
 
 // An informat that shows what it was given: the field, its width and the two middle arguments.
 std::string lastField;
-int lastWidth, lastLength, lastDecimals;
+int lastLength, lastDecimals;
 int recordingInformat(const char* text, int width, int length, int decimals, double* result) {
     lastField.assign(text, static_cast<std::size_t>(width));
-    lastWidth = width, lastLength = length, lastDecimals = decimals;
-    if (lastField == "bad") {
-        return 0;
-    }
-    *result = width + 0.5;
-    return 1;
+    lastLength = length, lastDecimals = decimals;
+    *result = width + 0.5;  // stored for a rejected text too: the runner must not print it
+    return lastField != "bad";
 }
 
 TEST(KivodtRunner, InformatFieldIsTheFirstWidthBytesOfTheText) {
     const kivodt::InformatEntry entry{"RECORD", "", recordingInformat, {1, 32, 8, kivodt::Decimals::PASSED_THROUGH},
                                       kivodt::ValueKind::DAY};
-    struct Case {
-        int width;
-        bool widthGiven;
-        const char* text;
-        const char* field;
-        const char* printed;
-    };
-    const Case cases[] = {
-        {4, true, "15JAN2000", "15JA", "4.5\n"},
-        {12, true, "15JAN2000", "15JAN2000", "9.5\n"},
-        {8, false, "15JAN2000", "15JAN2000", "9.5\n"},
-        {3, true, "bad", "bad", "invalid\n"},
-    };
+    struct Case { int width; bool widthGiven; const char* text; const char* field; const char* printed; };
+    const Case cases[] = {{4, true, "15JAN2000", "15JA", "4.5\n"}, {12, true, "15JAN2000", "15JAN2000", "9.5\n"},
+                          {8, false, "15JAN2000", "15JAN2000", "9.5\n"}, {3, true, "bad", "bad", "invalid\n"}};
     for (const Case& c : cases) {
         const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, c.width, 2, c.widthGiven};
         const std::string_view texts[] = {c.text};

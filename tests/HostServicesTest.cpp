@@ -1,4 +1,5 @@
-// The reference host's numbers, missing values, character tables and services.
+// The reference host's numbers, missing values, services and options. (Its character tables are read by
+// every informat's tables.)
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -11,13 +12,15 @@
 #include <thread>
 #include <utility>
 
-#include "kivox/CharTables.h"
+#include "HostSupport.h"
 #include "kivox/Missing.h"
 #include "kivox/Numbers.h"
 #include "kivox/OptionSettings.h"
 #include "kivox/Services.h"
 
 namespace {
+
+using kivo::test::day;
 
 // The decimal exponent of the exact value of x, from enough digits that no double near a power of ten
 // rounds across it.
@@ -44,62 +47,38 @@ TEST(HostNumbers, FloorLog10IsExactNextToEveryPowerOfTen) {
 }
 
 TEST(HostNumbers, PowersOfTen) {
-    const std::pair<int, double> powers[] = {{0, 1.0},    {22, 1e22},       {-5, 1e-5},
+    const std::pair<int, double> powers[] = {{0, 1.0},     {22, 1e22},       {-5, 1e-5},
                                              {308, 1e308}, {309, INFINITY}, {-400, 0.0}};
-    for (const auto& [e, power] : powers) {
-        EXPECT_EQ(kivo::pow10(e), power) << e;
-    }
+    for (const auto& [e, power] : powers) EXPECT_EQ(kivo::pow10(e), power) << e;
     EXPECT_EQ(kivo::int64Pow10(18), 1000000000000000000LL);
     EXPECT_EQ(kivo::int64Pow10(19), 0);
 }
 
-TEST(HostMissing, PatternsCharactersAndNotation) {
+TEST(HostMissing, PatternsCharactersNotationAndFieldNarrowing) {
     using namespace kivo::lum_numeric;
-    EXPECT_EQ(missingChar(MISSING), '.');
-    EXPECT_EQ(missingChar(MISSING__), '_');
-    EXPECT_EQ(missingChar(specialMissing('a')), 'A');
-    EXPECT_EQ(missingChar(specialMissing('Z')), 'Z');
+    EXPECT_EQ((std::string{missingChar(MISSING), missingChar(MISSING__), missingChar(specialMissing('a')),
+                           missingChar(specialMissing('Z'))}),
+              "._AZ");
     EXPECT_EQ(std::bit_cast<unsigned long long>(MISSING) >> 48, 0xFFFFu);
     EXPECT_NE(MISSING, MISSING);  // every missing value is a NaN
 
-    struct Case { const char* text; bool found; char character; };
-    const Case cases[] = {{".", true, '.'}, {"._", true, '_'}, {".a", true, 'A'}, {".Q", true, 'Q'}, {"", false, 0},
-                          {"..", false, 0}, {".1", false, 0},  {"A", false, 0},   {". ", false, 0}, {".AB", false, 0},
-                          {"_", false, 0}};
-    for (const Case& c : cases) {
+    // The character found, or 0 for a text that is no notation (and leaves the result alone).
+    const std::pair<const char*, char> cases[] = {{".", '.'}, {"._", '_'}, {".a", 'A'}, {".Q", 'Q'}, {"", 0}, {"..", 0},
+                                                  {".1", 0},  {"A", 0},    {". ", 0},   {".AB", 0}, {"_", 0}};
+    for (const auto& [text, character] : cases) {
         double result = 42.0;
-        EXPECT_EQ(kivo::findNumericMissing(c.text, c.text + std::strlen(c.text), result), c.found) << c.text;
-        if (c.found) {
-            EXPECT_EQ(missingChar(result), c.character) << c.text;
-        } else {
-            EXPECT_EQ(result, 42.0) << c.text;
-        }
+        EXPECT_EQ(kivo::findNumericMissing(text, text + std::strlen(text), result), character != 0) << text;
+        EXPECT_TRUE(character != 0 ? missingChar(result) == character : result == 42.0) << text;
     }
-}
 
-TEST(HostMissing, FieldNarrowingDropsBlanksTabsAndNuls) {
-    const char field[] = " \t\0 12 3\t \0";
-    const char* begin = field;
-    const char* end = field + sizeof field - 1;
+    // Narrowing drops blanks, tabs and NULs at both ends; a blank field narrows to nothing.
+    const char field[] = " \t\0 12 3\t \0", blank[] = "   ";
+    const char *begin = field, *end = field + sizeof field - 1;
     kivo::findNumericStartAndEnd(begin, end);
     EXPECT_EQ(std::string(begin, end), "12 3");
-    const char blank[] = "   ";
     begin = blank, end = blank + 3;
     kivo::findNumericStartAndEnd(begin, end);
     EXPECT_EQ(begin, end);
-}
-
-TEST(HostCharTables, ClassesAndValues) {
-    using namespace kivo::sbcs;
-    const unsigned char* ctype = detail::ctypeTable_;
-    const unsigned char* value = kivo::CharRepresentation::ASCII_ALPHANUMERIC_TABLE;
-    EXPECT_TRUE((ctype['a'] & CTYPE_ALPHA) && (ctype['Z'] & CTYPE_ALPHA) && (ctype['5'] & CTYPE_DIGIT));
-    EXPECT_EQ((ctype['5'] & CTYPE_ALPHA) | (ctype['-'] & CTYPE_ALNUM) | (ctype[0xC9] & CTYPE_ALNUM), 0);
-    EXPECT_EQ(detail::tolowerTable_['Q'], 'q');
-    EXPECT_EQ(detail::tolowerTable_['-'], '-');
-    EXPECT_EQ(value['7'], 7);
-    EXPECT_EQ(value['b'], 11);
-    EXPECT_EQ(value[' '], 0xFF);
 }
 
 TEST(HostServices, ThreadLocatorOverridesTheFallback) {
@@ -129,9 +108,8 @@ TEST(HostServices, ThreadLocatorOverridesTheFallback) {
 
 // Resident pages of this process (the second field of /proc/self/statm).
 long residentPages() {
-    std::ifstream statm("/proc/self/statm");
     long size = 0, resident = 0;
-    statm >> size >> resident;
+    std::ifstream("/proc/self/statm") >> size >> resident;
     return resident;
 }
 
@@ -171,12 +149,12 @@ TEST(HostServices, EnvironmentValuesAreCheckedAsTheyAreRead) {
     struct Case { const char* variable; const char* value; const char* options; };
     const char* const defaults = "locale/1940/mdy/.";
     const Case cases[] = {
-        {"KIVO_DATESTYLE", "DMY", "DMY/1940/mdy/."}, {"KIVO_DATESTYLE", "xyz", defaults},
-        {"KIVO_DATESTYLE", "", defaults}, {"KIVO_YEARCUTOFF", "1920", "locale/1920/mdy/."},
-        {"KIVO_YEARCUTOFF", "abc", defaults}, {"KIVO_YEARCUTOFF", "99999", defaults},
+        {"KIVO_DATESTYLE", "DMY", "DMY/1940/mdy/."},    {"KIVO_DATESTYLE", "xyz", defaults},
+        {"KIVO_DATESTYLE", "", defaults},              {"KIVO_YEARCUTOFF", "1920", "locale/1920/mdy/."},
+        {"KIVO_YEARCUTOFF", "abc", defaults},          {"KIVO_YEARCUTOFF", "99999", defaults},
         {"KIVO_LOCALE_DATESTYLE", "ymd", "locale/1940/ymd/."}, {"KIVO_LOCALE_DATESTYLE", "locale", defaults},
         {"KIVO_MISSING_CHAR", "?", "locale/1940/mdy/?"}, {"KIVO_MISSING_CHAR", "ab", defaults},
-        {"KIVO_MISSING_CHAR", "", defaults},
+        {"KIVO_MISSING_CHAR", "", defaults},           {"KIVO_TODAY", "2021-02-29", defaults},
     };
     for (const Case& c : cases) {
         ::setenv(c.variable, c.value, 1);
@@ -193,6 +171,44 @@ TEST(HostServices, EnvironmentValuesAreCheckedAsTheyAreRead) {
             EXPECT_TRUE(rejected.empty()) << c.variable << "=" << c.value;
         }
     }
+}
+
+// The "today" option takes real days written year-month-day, and Date::localDate() answers with it for
+// the threads whose services set it.
+TEST(HostTodayOption, TakesRealDaysWrittenYearMonthDay) {
+    // A serial of 0 stands for a refused text.
+    struct Case { const char* text; double serial; };
+    const Case cases[] = {
+        {"2021-03-17", day(2021, 3, 17)}, {"1582-01-01", day(1582, 1, 1)}, {"2020-02-29", day(2020, 2, 29)},
+        {"20000-12-31", day(20000, 12, 31)}, {"2021-02-29", 0}, {"1581-12-31", 0}, {"20001-01-01", 0},
+        {"2021-3-17", 0}, {"2021/03/17", 0}, {"2021-03-17 ", 0}, {"2021-13-01", 0}, {"2021-00-10", 0}, {"17MAR2021", 0},
+        {"+021-03-17", 0}, {"2021-03/17", 0},
+    };
+    for (const Case& c : cases) {
+        kivo::SystemOptions options;
+        const bool taken = c.serial != 0;
+        EXPECT_EQ(options.setOption("today", c.text), taken) << c.text;
+        EXPECT_EQ(options.todaySerial(), taken ? c.serial : kivo::SystemOptions::CLOCK_TODAY) << c.text;
+        EXPECT_STREQ(options.getOption("today"), taken ? c.text : "");
+    }
+}
+
+TEST(HostTodayOption, LocalDateFollowsTheCallersServicesAndTheEmptyTextGivesTheClockBack) {
+    kivo::test::OwnServices services;
+    ASSERT_TRUE(services.options().setOption("today", "2021-03-17"));
+    EXPECT_EQ(static_cast<int>(kivo::Date::localDate()), day(2021, 3, 17));
+    double elsewhere = 0;
+    std::thread([&] {
+        kivo::test::OwnServices other;
+        other.options().setOption("today", "1999-12-31");
+        elsewhere = static_cast<int>(kivo::Date::localDate());
+    }).join();
+    EXPECT_EQ(elsewhere, day(1999, 12, 31));
+    EXPECT_EQ(static_cast<int>(kivo::Date::localDate()), day(2021, 3, 17));
+
+    ASSERT_TRUE(services.options().setOption("today", ""));
+    EXPECT_EQ(services.options().todaySerial(), kivo::SystemOptions::CLOCK_TODAY);
+    EXPECT_TRUE(kivo::Date::localDate().isValid());
 }
 
 }  // namespace

@@ -7,6 +7,10 @@
 namespace kivo::test {
 
 inline double day(int year, int month, int dayOfMonth) { return static_cast<double>(Date(year, month, dayOfMonth)); }
+// The seconds serial of a time of day on a date.
+inline double at(int year, int month, int dayOfMonth, double seconds) {
+    return day(year, month, dayOfMonth) * 86400 + seconds;
+}
 
 // A locator current on this thread for the object's life, so that the options a test sets never reach
 // another test.

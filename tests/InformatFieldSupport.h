@@ -3,20 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "kivo/Informats.h"
+#include "kivox/Missing.h"
 
 namespace kivo::test {
 
 // What an informat made of a field: its return code and the result, which starts as UNTOUCHED.
-struct InformatReading {
-    int code;
-    double result;
-};
+struct InformatReading { int code; double result; };
 
 // A result no informat stores: a rejected text must leave exactly these bits.
 inline const double UNTOUCHED = std::bit_cast<double>(std::uint64_t{0x7FF4DEADBEEF0001});
@@ -37,6 +37,20 @@ inline InformatReading readField(KivoInformatFunction informat, std::string_view
 // The same with the text's own length as the first middle argument, as a host passes it.
 inline InformatReading readField(KivoInformatFunction informat, std::string_view text) {
     return readField(informat, text, static_cast<int>(text.size()));
+}
+
+// A table row's mark for "returns 0 and leaves the result untouched"; NAN marks the ordinary missing value.
+inline constexpr double REJECTED = -1e300;
+
+// A reading against what a table row expects of it.
+inline void expectReading(const InformatReading& reading, double expected, const std::string& where) {
+    EXPECT_EQ(reading.code, expected == REJECTED ? 0 : 1) << where;
+    if (expected == REJECTED || std::isnan(expected)) {
+        EXPECT_TRUE(sameBits(reading.result, expected == REJECTED ? UNTOUCHED : kivo::lum_numeric::MISSING))
+            << where << " stored " << reading.result;
+    } else {
+        EXPECT_DOUBLE_EQ(reading.result, expected) << where;
+    }
 }
 
 }  // namespace kivo::test

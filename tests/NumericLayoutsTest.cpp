@@ -1,16 +1,46 @@
-// The real-number layouts, each a table of values and the fields they must give, and the digits D keeps
-// after the point.
+// The real-number layouts: each a table of values and the fields they must give, the digits D keeps
+// after the point, and every layout over random values read back. The field is written between guard
+// bytes that must stay untouched, and must be exactly `width` characters.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <random>
 #include <string>
 
-#include "RealFieldText.h"
+#include "kivo/format/FormatRealFields.h"
 #include "kivo/format/RealLayouts.h"
 
 namespace {
 
-using realtext::Layout;
-using enum realtext::Layout;
+enum Layout { BEST, D, E, BLANK, PERCENT, LARGE_BLANK };
+
+// The text a real layout writes, "*" when the layout reports that the number does not fit.
+std::string layOut(Layout layout, double x, int width, int decimals) {
+    using namespace kivo::format;
+    FormatRealFields f;
+    switch (layout) {
+        case BEST: getRealForBestFormat(x, width, f); break;
+        case D: getRealForDFormat(x, width, decimals, f); break;
+        case E: getRealForEFormat(x, width, f); break;
+        case BLANK: getRealForBlankFormat(x, width, decimals, f); break;
+        case PERCENT: getRealForPercentFormat(x, width, decimals, f); break;
+        case LARGE_BLANK: getLargeRealForBlankFormat(x, width, decimals, f); break;  // decimals: e
+    }
+    if (f.leadingBlanks < 0) return "*";
+    EXPECT_TRUE(f.invariant()) << x << " width " << width;
+    char buffer[128];
+    std::memset(buffer, '#', sizeof buffer);
+    char* const start = buffer + 32;
+    char* out = start;
+    f.outputReal(out, '.', '-', FormatRealFields::BEFORE);
+    EXPECT_EQ(out - start, width) << x << " width " << width << " decimals " << decimals;
+    EXPECT_EQ(std::string(buffer, 32), std::string(32, '#'));
+    EXPECT_EQ(std::string(out, 32), std::string(32, '#'));
+    return std::string(start, static_cast<std::size_t>(out - start));
+}
 
 struct LayoutCase { Layout layout; double x; int width; int decimals; const char* expected; };
 
@@ -22,10 +52,11 @@ class RealLayouts : public ::testing::TestWithParam<LayoutCase> {};
 
 TEST_P(RealLayouts, WriteTheFieldOfTheirTable) {
     const LayoutCase& c = GetParam();
-    EXPECT_EQ(realtext::layOut(c.layout, c.x, c.width, c.decimals), c.expected);
+    EXPECT_EQ(layOut(c.layout, c.x, c.width, c.decimals), c.expected);
 }
 
-const LayoutCase BEST_CASES[] = {
+const LayoutCase LAYOUT_CASES[] = {
+    // BEST
     // Zero, width 1, signs.
     {BEST, 0.0, 4, 0, "   0"}, {BEST, 5.0, 1, 0, "5"}, {BEST, 0.3, 1, 0, "0"}, {BEST, -0.3, 1, 0, "0"},
     {BEST, -0.5, 1, 0, "*"}, {BEST, 9.7, 1, 0, "*"}, {BEST, -0.001, 3, 0, "  0"},  // too narrow for -0
@@ -54,10 +85,8 @@ const LayoutCase BEST_CASES[] = {
     {BEST, 1.1234e102, 7, 0, "1123E99"}, {BEST, 1.11e102, 7, 0, " 11E101"}, {BEST, 1.234e103, 7, 0, "123E101"},
     {BEST, 1.23456e9, 8, 0, "1.2346E9"}, {BEST, 1.23456e150, 8, 0, "1.23E150"}, {BEST, 1e300, 12, 0, "       1E300"},
     {BEST, -1.5e300, 12, 0, "    -1.5E300"},
-};
-INSTANTIATE_TEST_SUITE_P(Best, RealLayouts, ::testing::ValuesIn(BEST_CASES));
 
-const LayoutCase BLANK_CASES[] = {
+    // BLANK
     {BLANK, 123.456, 8, 2, "  123.46"}, {BLANK, 123.456, 5, 2, "123.5"},  // the decimals give way to the integer part
     {BLANK, 0.0, 5, 2, " 0.00"}, {BLANK, 0.05, 6, 2, "  0.05"}, {BLANK, 0.05, 3, 2, ".05"},
     {BLANK, 0.004, 6, 2, "  0.00"}, {BLANK, 0.006, 6, 2, "  0.01"},  // the carry uses a leading zero
@@ -68,10 +97,8 @@ const LayoutCase BLANK_CASES[] = {
     {BLANK, -0.0001, 6, 2, " -0.00"},  // the sign of the value as given
     {BLANK, 1.23456e12, 8, 2, "1.235E12"}, {BLANK, 1.11e102, 7, 2, "111E100"},  // differs from BEST at width 7
     {BLANK, 1.1234e102, 7, 2, "1123E99"}, {LARGE_BLANK, 1.11e102, 7, 102, "111E100"},
-};
-INSTANTIATE_TEST_SUITE_P(Blank, RealLayouts, ::testing::ValuesIn(BLANK_CASES));
 
-const LayoutCase D_CASES[] = {
+    // D
     {D, 0.0, 6, 0, "     0"}, {D, 1.0, 12, 0, "    1.000000"}, {D, 1234.5, 12, 0, " 1234.500000"},
     {D, 99999.5, 12, 0, "      100000"},  // the decimals drop in steps as the integer part grows
     {D, 1.0, 8, 3, "  1.0000"}, {D, 0.0012, 8, 0, " 0.00120"},
@@ -79,10 +106,8 @@ const LayoutCase D_CASES[] = {
     {D, -9.9996, 7, 0, "-10.000"}, {D, 1.23e-7, 8, 0, " 1.23E-7"},  // the small BEST table, stripped
     {D, 1.23e-7, 4, 0, "0.00"}, {D, 1.23e-7, 12, 10, "     1.23E-7"},  // many decimals strip the trailing zeros
     {D, 12.5, 12, 10, "        12.5"}, {D, 1e15, 8, 0, "    1E15"}, {D, 123.0, 2, 0, "*"}, {D, -0.3, 1, 0, "0"},
-};
-INSTANTIATE_TEST_SUITE_P(D, RealLayouts, ::testing::ValuesIn(D_CASES));
 
-const LayoutCase E_CASES[] = {
+    // E
     {E, 0.0, 10, 0, " 0.000E+00"}, {E, 0.0, 7, 0, "0.0E+00"}, {E, 12345.0, 10, 0, " 1.235E+04"},
     {E, -12345.0, 10, 0, "-1.235E+04"}, {E, 12345.0, 7, 0, "1.2E+04"}, {E, 0.00012345, 10, 0, " 1.235E-04"},
     {E, 1.0 / 3, 32, 0, " 3.3333333333333000000000000E-01"},  // 14 digits, then zeros
@@ -93,16 +118,14 @@ const LayoutCase E_CASES[] = {
     {E, 9.99e99, 7, 0, "1.E+100"}, {E, -9.9e99, 7, 0, " -1E100"},  // no zero to give: sign and point go
     {E, 9.99999e-100, 10, 0, " 1.000E-99"}, {E, 9.9e-100, 6, 0, " 1E-99"}, {E, 9.9e-101, 6, 0, "1E-100"},
     {E, 12345.0, 6, 0, "*"},
-};
-INSTANTIATE_TEST_SUITE_P(E, RealLayouts, ::testing::ValuesIn(E_CASES));
 
-const LayoutCase PERCENT_CASES[] = {
+    // PERCENT
     {PERCENT, 12.345, 6, 2, " 12.35"}, {PERCENT, 0.5, 3, 3, ".50"},  // decimals as wide as the field: one fewer
     {PERCENT, 0.005, 6, 8, "  5E-3"},  // tiny, with more decimals than places: exponent notation
     {PERCENT, 0.005, 4, 6, "5E-3"}, {PERCENT, 0.005, 3, 6, "*"}, {PERCENT, 0.5, 6, 8, ".50000"},
     {PERCENT, 1234567.0, 6, 2, "1.23E6"},
 };
-INSTANTIATE_TEST_SUITE_P(Percent, RealLayouts, ::testing::ValuesIn(PERCENT_CASES));
+INSTANTIATE_TEST_SUITE_P(Cases, RealLayouts, ::testing::ValuesIn(LAYOUT_CASES));
 
 struct DigitsAfterPointCase { int width; int decimals; int e; bool negative; int expected; };
 
@@ -123,5 +146,76 @@ const DigitsAfterPointCase DIGITS_AFTER_POINT_CASES[] = {
     {4, 3, 1, true, 1},
 };
 INSTANTIATE_TEST_SUITE_P(Cases, DFormatDigitsAfterPoint, ::testing::ValuesIn(DIGITS_AFTER_POINT_CASES));
+
+// The value shown (strtod skips the leading blanks) and the unit of its last digit.
+bool readBack(const std::string& text, double& shown, double& unit) {
+    char* end = nullptr;
+    shown = std::strtod(text.c_str(), &end);
+    const std::size_t e = text.find('E');
+    const std::size_t point = text.find('.');
+    const std::size_t mantissaEnd = e == std::string::npos ? text.size() : e;
+    const int decimals = point == std::string::npos ? 0 : static_cast<int>(mantissaEnd - point - 1);
+    unit = std::pow(10.0, (e == std::string::npos ? 0 : std::atoi(text.c_str() + e + 1)) - decimals);
+    return end == text.c_str() + text.size() && text.find_first_not_of(' ') != std::string::npos;
+}
+
+double randomValue(std::mt19937_64& random) {
+    switch (random() % 5) {
+        case 0: {  // any finite bit pattern
+            double x = 0;
+            do {
+                const std::uint64_t bits = random();
+                std::memcpy(&x, &bits, sizeof x);
+            } while (!std::isfinite(x));
+            return x;
+        }
+        case 1:  // log-uniform over everyday magnitudes
+            return std::pow(10.0, std::uniform_real_distribution<double>(-12, 18)(random)) *
+                   (random() % 2 ? 1 : -1);
+        case 2:  // whole numbers and halves
+            return static_cast<double>(static_cast<std::int64_t>(random() % 2000001) - 1000000) / 2;
+        case 3: {  // just below a power of ten: the carries
+            const int e = static_cast<int>(random() % 40) - 20;
+            return std::pow(10.0, e) * (1 - std::pow(10.0, -static_cast<double>(random() % 16)));
+        }
+        default:  // beyond 2^56
+            return std::ldexp(static_cast<double>(random() >> 11), 10 + static_cast<int>(random() % 60));
+    }
+}
+
+void checkLayout(Layout layout, int seed) {
+    std::mt19937_64 random(static_cast<std::uint64_t>(seed));
+    for (int n = 0; n < 2500; ++n) {
+        double x = randomValue(random);
+        if (layout == PERCENT) x = std::fabs(x);
+        for (int width = 1; width <= 32; ++width) {
+            // D takes any count of significant decimals; the others stay below the width.
+            const std::uint64_t decimalsRange = layout == D ? 32 : static_cast<std::uint64_t>(width);
+            const int decimals = static_cast<int>(random() % decimalsRange);
+            const std::string text = layOut(layout, x, width, decimals);
+            ASSERT_FALSE(::testing::Test::HasFailure());
+            if (text == "*") continue;
+            double shown = 0;
+            double unit = 0;
+            ASSERT_TRUE(readBack(text, shown, unit)) << "\"" << text << "\" for " << x;
+            // Wide fields show at most 14 or 15 significant digits and zeros after them.
+            const double significantUnit = x == 0 ? 0 : std::pow(10.0, std::floor(std::log10(std::fabs(x))) - 13);
+            const double tolerance = 0.5 * std::max(unit, significantUnit) * (1 + 1e-9) + std::fabs(x) * 4e-15;
+            ASSERT_LE(std::fabs(shown - x), tolerance)
+                << "\"" << text << "\" for " << x << " width " << width << " decimals " << decimals;
+        }
+    }
+}
+
+// Every layout, over many random values and every width the front end offers: the field is exactly
+// `width` characters, and what it shows, read back, lies within half a unit of its last digit (or of
+// the last significant digit, when a wide field pads the digits with zeros).
+TEST(NumericLayoutsProperty, FieldsShowTheValueToTheirLastDigit) {
+    int seed = 0;
+    for (Layout layout : {BEST, D, E, BLANK, PERCENT}) {
+        SCOPED_TRACE(layout);
+        checkLayout(layout, ++seed);
+    }
+}
 
 }  // namespace

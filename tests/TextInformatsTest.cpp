@@ -1,13 +1,18 @@
 // The fixed-layout informats: per informat, texts and the value read or their rejection, grouped by
-// the reader they are made of. Every rejected text must leave the result exactly as it was.
+// the reader they are made of; every rejected text must leave the result exactly as it was. Then the
+// readers that are parts of a field, each on its own: what it accepts, the value it gives and how far it
+// moves the cursor, on an exactly-sized heap block so that a read past it shows.
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "HostSupport.h"
 #include "InformatFieldSupport.h"
+#include "formats/datetime_formats/TextReaders.h"
 #include "kivo/Informats.h"
 #include "kivo/LogTimeInformat.h"
 #include "kivodt/Catalog.h"
@@ -20,10 +25,10 @@ using kivo::test::readField;
 using kivo::test::sameBits;
 using kivo::test::UNTOUCHED;
 
-constexpr double REJECTED = 1e300;  // stands for "returns 0, result untouched" in the tables
+using kivo::test::REJECTED;
 
+using kivo::test::at;
 using kivo::test::day;
-double at(int y, int m, int d, double seconds) { return day(y, m, d) * 86400 + seconds; }
 
 const double JAN_15_2000 = day(2000, 1, 15);
 
@@ -34,24 +39,14 @@ protected:
     kivo::test::OwnServices services_;
 };
 
-// expected is REJECTED or the value stored.
+// The texts of one informat, each with REJECTED or the value stored.
 struct TextCase { const char* text; double expected; };
-
-// The texts of one informat.
 struct InformatTable { KivoInformatFunction informat; const char* name; std::vector<TextCase> cases; };
 
-void expectReadings(const InformatTable& table) {
-    for (const TextCase& c : table.cases) {
-        const InformatReading reading = readField(table.informat, c.text);
-        const std::string where = std::string(table.name) + " \"" + c.text + "\"";
-        if (c.expected == REJECTED) {
-            EXPECT_EQ(reading.code, 0) << where;
-            EXPECT_TRUE(sameBits(reading.result, UNTOUCHED)) << where << " stored " << reading.result;
-        } else {
-            EXPECT_EQ(reading.code, 1) << where;
-            EXPECT_DOUBLE_EQ(reading.result, c.expected) << where;
-        }
-    }
+// The elapsed-time reader of the log formats, called as an informat: a missing-value notation stores its
+// value and still reads as no elapsed time.
+int logTimeInformat(const char* text, int width, int, int, double* result) {
+    return kivo::kivoLogTimeInformat(text, width, 0, 0, *result);
 }
 
 // clang-format off
@@ -87,13 +82,23 @@ const InformatTable TABLES[] = {
     {yyqInformat, "YYQ", {{"2000Q2", day(2000, 4, 1)}, {"00q4", day(2000, 10, 1)}, {"2000Q5", REJECTED},
         {"2000Q0", REJECTED}, {"2000Q", REJECTED}, {"2000Q2x", REJECTED}, {"2000 Q2", REJECTED}, {".", REJECTED},
         {"", REJECTED}}},
+    // 29 February needs a leap year as written; two digits each for month and day, two or four for the year.
     {candateInformat, "CANDATE", {{"2000-02-29", day(2000, 2, 29)}, {"2001-02-29", REJECTED}, {"2000-2-29", REJECTED},
-        {"00-01-15", JAN_15_2000}, {"2000-01-15x", REJECTED}}},
+        {"00-01-15", JAN_15_2000}, {"2000-01-15x", REJECTED}, {"1900-02-29", REJECTED}, {"200-01-01", REJECTED},
+        {"20000-01-01", REJECTED}, {"2000-13-01", REJECTED}, {"2000-04-31", REJECTED}, {"2000-01-32", REJECTED},
+        {"2000/01/15", REJECTED}, {"1581-12-31", REJECTED}}},
     // Hours and minutes with seconds and AM/PM as they come; hh:mm:ss; digits and colons.
-    {timeInformat, "TIME", {{"10:30", 37800}, {"10:30:15.5", 37815.5}, {"-1:30", -5400}, {"12:15 AM", 900},
-        {"12:15 PM", 44100}, {"1:15 PM", 47700}, {"10.30.15", 37815}, {"25:61", 93660}, {"10:30 X", REJECTED},
-        {"10:30.15", REJECTED}, {"10:30 PMX", REJECTED}, {"- 1:30", REJECTED}, {"--1:30", REJECTED}}},
-    {cantimeInformat, "CANTIME", {{"10:30:15", 37815}, {"10:30:15.25 ", 37815.25}, {"10:30", REJECTED}}},
+    {timeInformat, "TIME", {{"10:30", 37800}, {"10:30  ", 37800}, {"10:30:15.5", 37815.5}, {"-1:30", -5400},
+        {"12:15 AM", 900}, {"12:15 PM", 44100}, {"1:15 pm", 47700}, {"1:15p", 47700}, {"13:15 AM", 47700},
+        {"11:59:59 AM", 43199}, {"10.30.15", 37815}, {"25:61", 93660}, {"10:30 X", REJECTED}, {"10:30 PX", REJECTED},
+        {"10:30.15", REJECTED}, {"10:30 PMX", REJECTED}, {"- 1:30", REJECTED}, {"--1:30", REJECTED},
+        {"10:30:", REJECTED}, {"10:30:x", REJECTED}, {"10", REJECTED}, {"10,30", REJECTED}}},
+    // hh:mm:ss in two digits each, hours to 23, the seconds with their fraction in at most nine characters.
+    {cantimeInformat, "CANTIME", {{"10:30:15", 37815}, {"10:30:15.25 ", 37815.25}, {"23.59:59", 86399},
+        {"00:00:00.5  \t", 0.5}, {"10:30:15.123456", 37815.123456}, {"10:30", REJECTED},
+        {"10:30:15.1234567", REJECTED}, {"10:30:15.", REJECTED}, {"24:00:00", REJECTED}, {"10:60:00", REJECTED},
+        {"10:30:60", REJECTED}, {"1:30:00", REJECTED}, {"10:30.15", REJECTED}, {"10,30:15", REJECTED},
+        {"10:30:15 x", REJECTED}}},
     {hhmmssInformat, "HHMMSS", {{"103015", 37815}, {"1030", 37800}, {"1", 36000}, {"10.5", 36000},
         {"10:30:15.9", 37815}, {"1:2:3.5", 3723}, {"1234567", 445567}, {"100:0", 360000}, {"10:30.5", REJECTED},
         {"10::30", REJECTED}, {":10", REJECTED}, {"1:2:3:4", REJECTED}, {"1.2.3", REJECTED}, {"10:30a", REJECTED},
@@ -113,14 +118,24 @@ const InformatTable TABLES[] = {
         {"2000-01-15TT10:30", REJECTED}}},
     {canstampInformat, "CANSTAMP", {{"2000-01-15 10:30:00", at(2000, 1, 15, 37800)},
         {"2000-01-15  10:30:00", REJECTED}, {"2000-01-15T10:30:00", REJECTED}}},
+    // Seconds, minutes:seconds or hours:minutes:seconds, with two-digit seconds and a fraction.
+    {logTimeInformat, "log time", {{"05", 5}, {"5.25", 5.25}, {"05.5", 5.5}, {" 2:05 ", 125}, {"1:123.5", 183.5},
+        {"1:2:05", 3725}, {"1:02:03.5", 3723.5}, {"5", REJECTED}, {"123", REJECTED}, {"1:02:3", REJECTED},
+        {"-1:00", REJECTED}, {"2:05x", REJECTED}, {"1:2:3:04", REJECTED}, {"5.", REJECTED}, {"", REJECTED}}},
 };
 
 // clang-format on
 
 TEST_F(TextInformats, ReadTheirLayoutsAndRejectTheRest) {
     for (const InformatTable& table : TABLES) {
-        expectReadings(table);
+        for (const TextCase& c : table.cases) {
+            kivo::test::expectReading(readField(table.informat, c.text), c.expected,
+                                      std::string(table.name) + " \"" + c.text + "\"");
+        }
     }
+    double result = UNTOUCHED;
+    EXPECT_EQ(logTimeInformat(".", 1, 1, 0, &result), 0);
+    EXPECT_TRUE(sameBits(result, kivo::lum_numeric::MISSING));
 }
 
 // Every informat of the family stores the missing value of ".", "._" and ".A", except YYQ and
@@ -146,22 +161,67 @@ TEST_F(TextInformats, HhmmssReadsOnlyTheFirstLengthCharacters) {
     EXPECT_EQ(readField(hhmmssInformat, "103015", -3).code, 0);
 }
 
-TEST_F(TextInformats, LogTime) {
-    const TextCase cases[] = {
-        {"05", 5}, {"5.25", 5.25}, {"05.5", 5.5}, {" 2:05 ", 125}, {"1:123.5", 183.5}, {"1:2:05", 3725},
-        {"1:02:03.5", 3723.5}, {"5", REJECTED}, {"123", REJECTED}, {"1:02:3", REJECTED}, {"-1:00", REJECTED},
-        {"2:05x", REJECTED}, {"1:2:3:04", REJECTED}, {"5.", REJECTED}, {"", REJECTED},
-    };
-    for (const TextCase& c : cases) {
-        double result = UNTOUCHED;
-        const bool read = kivo::kivoLogTimeInformat(c.text, static_cast<int>(std::strlen(c.text)), 0, 0, result);
-        EXPECT_EQ(read, c.expected != REJECTED) << c.text;
-        EXPECT_TRUE(sameBits(result, c.expected == REJECTED ? UNTOUCHED : c.expected)) << c.text << " " << result;
+constexpr double ANY = -999;  // a rejected row's value is not looked at
+
+// One row: the text, whether the reader takes it, the value and how many characters it consumed.
+struct ReaderCase { const char* text; bool ok; double value; long consumed; };
+
+// Runs read(cursor, end, value) over an exact copy of each row's text; a consumed count of -1 is not
+// checked.
+template <class Value, class Read, std::size_t N>
+void expectReadings(const ReaderCase (&cases)[N], Value start, Read read) {
+    for (const ReaderCase& c : cases) {
+        const std::size_t length = std::strlen(c.text);
+        const std::unique_ptr<char[]> field(new char[length]);
+        std::memcpy(field.get(), c.text, length);
+        const char* cursor = field.get();
+        Value value = start;
+        EXPECT_EQ(read(cursor, field.get() + length, value), c.ok) << '"' << c.text << '"';
+        if (c.ok) {
+            EXPECT_DOUBLE_EQ(static_cast<double>(value), c.value) << '"' << c.text << '"';
+        }
+        if (c.consumed >= 0) {
+            EXPECT_EQ(cursor - field.get(), c.consumed) << '"' << c.text << '"';
+        }
     }
-    // A missing-value notation stores its value and still reads as no elapsed time.
-    double result = UNTOUCHED;
-    EXPECT_FALSE(kivo::kivoLogTimeInformat(".", 1, 0, 0, result));
-    EXPECT_TRUE(sameBits(result, kivo::lum_numeric::MISSING));
+}
+
+TEST(TextReaders, MonthAbbreviationAlwaysTakesThreeCharacters) {
+    const ReaderCase cases[] = {
+        {"JAN", true, 1, 3},    {"dec2000", true, 12, 3}, {"sEp", true, 9, 3},   {"JANUARY", true, 1, 3},
+        {"JUX", false, ANY, 3}, {"1JAN", false, ANY, 3},  {"JA", false, ANY, 0}, {"", false, ANY, 0},
+    };
+    expectReadings(cases, 0, kivo::readMonthAbbrev);
+}
+
+TEST(TextReaders, UnsignedIntegerUpToTheLargestSigned32BitValue) {
+    const ReaderCase cases[] = {
+        {"0", true, 0, 1}, {"0042x", true, 42, 4}, {"2147483647", true, 2147483647, 10}, {"2147483648", false, ANY, -1},
+        {"21474836470", false, ANY, -1}, {"-5", false, ANY, 0}, {" 5", false, ANY, 0}, {"", false, ANY, 0},
+    };
+    expectReadings(cases, 0, kivo::readUnsignedInt);
+    // A letter where the number should start leaves -1; any other character leaves the value alone.
+    int letterValue = 7, colonValue = 7;
+    const char *letter = "Q", *colon = ":";
+    EXPECT_FALSE(kivo::readUnsignedInt(letter, letter + 1, letterValue) ||
+                 kivo::readUnsignedInt(colon, colon + 1, colonValue));
+    EXPECT_EQ(letterValue * 10 + colonValue, -10 + 7);
+}
+
+// The caller has taken the first digit, 3, already.
+TEST(TextReaders, DigitsWithFractionContinueAFirstDigit) {
+    const ReaderCase optional[] = {
+        {"", true, 3, 0},           {"0", true, 30, 1},    {"0.25", true, 30.25, 4},
+        {".5:", true, 3.5, 2},      {"0.", false, ANY, 2}, {"1.x", false, ANY, 2},
+        {".0625", true, 3.0625, 5}, {"x", true, 3, 0},     {".12345678901234567", true, 3.123456789012345, 18},
+    };
+    expectReadings(optional, 3.0, [](const char*& c, const char* e, double& v) {
+        return kivo::readDigitsWithFraction(c, e, v, false);
+    });
+    const ReaderCase required[] = {{"0", false, ANY, 1}, {".5", true, 3.5, 2}, {"", false, ANY, 0}};
+    expectReadings(required, 3.0, [](const char*& c, const char* e, double& v) {
+        return kivo::readDigitsWithFraction(c, e, v, true);
+    });
 }
 
 }  // namespace

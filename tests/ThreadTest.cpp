@@ -1,6 +1,5 @@
 // The thread handle: start and join, waits with a limit, cancellation, the shared block's lifetime, ids,
 // the stack size a new thread gets, and the failures it reports.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -15,7 +14,9 @@
 #include <latch>
 #include <memory>
 #include <string>
+#include <utility>
 
+#include "FailureSiteSupport.h"
 #include "kivo/thread/Thread_pthread.h"
 #include "thread/pthread/ThreadFailures.h"
 
@@ -32,67 +33,67 @@ extern "C" int sched_yield() noexcept {
 
 namespace {
 
-using kivo::detail::thread_failure::Site;
-
 // A block the test makes itself: it counts its destructions, passes itself to its body and may use an
 // error-checking mutex, so that locking it twice fails instead of hanging.
-class ProbeBlock final : public kivo::detail::thread_data_base {
-public:
-    using Body = std::function<void(ProbeBlock&)>;
+struct ProbeBlock final : kivo::detail::thread_data_base {
     static inline std::atomic<int> destroyed{0};
-
-    explicit ProbeBlock(Body body, bool errorChecking = false) : body_(std::move(body)) {
-        if (errorChecking) {
-            pthread_mutexattr_t attributes;
-            pthread_mutexattr_init(&attributes);
-            pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_ERRORCHECK);
-            pthread_mutex_init(&doneMtx_, &attributes);
-            pthread_mutexattr_destroy(&attributes);
-        }
+    explicit ProbeBlock(std::function<void(ProbeBlock&)> body, bool errorChecking = false) : body(std::move(body)) {
+        pthread_mutexattr_t attributes;
+        pthread_mutexattr_init(&attributes);
+        pthread_mutexattr_settype(&attributes, errorChecking ? PTHREAD_MUTEX_ERRORCHECK : PTHREAD_MUTEX_DEFAULT);
+        pthread_mutex_init(&doneMtx_, &attributes);
+        pthread_mutexattr_destroy(&attributes);
     }
     ~ProbeBlock() override { ++destroyed; }
-    void run() override { body_(*this); }
-
-private:
-    Body body_;
+    void run() override { body(*this); }
+    std::function<void(ProbeBlock&)> body;
 };
 
-// A handle on a ProbeBlock; block() stays usable as long as someone holds the block.
-class ProbeThread : public kivo::thread {
-public:
-    explicit ProbeThread(ProbeBlock* block) : kivo::thread(block), block_(block) { start_thread(); }
-    ProbeBlock& block() const { return *block_; }
-
-private:
-    ProbeBlock* block_;
+// A handle on a ProbeBlock; block stays usable as long as someone holds it.
+struct ProbeThread : kivo::thread {
+    explicit ProbeThread(ProbeBlock* block) : kivo::thread(block), block(*block) { start_thread(); }
+    ProbeBlock& block;
 };
 
-// A body that never returns unless it is cancelled. clock_nanosleep is a cancellation point that
-// ThreadSanitizer does not wrap, so it still sees the locks taken as the cancellation unwinds the body;
-// the hour lies outside the stack, whose sanitizer marks the unwinding would leave behind.
+// A thread whose body never returns unless it is cancelled, once it has started; with signalOnUnwind its
+// body gives the done signal (which join() waits for) as the cancellation unwinds it. clock_nanosleep
+// is a cancellation point that ThreadSanitizer does not wrap, so it still sees the locks taken as the
+// cancellation unwinds the body; the hour lies outside the stack, whose sanitizer marks the unwinding
+// would leave behind. A cancelled thread never drops its reference, so its block outlives the test by
+// design: the leak checker is told to ignore it.
 constexpr timespec HOUR{3600, 0};
-void sleepUntilCancelled(std::latch& started) {
-    started.count_down();
-    for (;;) {
-        clock_nanosleep(CLOCK_MONOTONIC, 0, &HOUR, nullptr);
-    }
-}
-
-// A cancelled thread never drops its reference, so its block outlives the test by design: the leak
-// checker is told to ignore that block (and what it holds) in the cancellation tests only.
-void expectLeakOf(ProbeBlock* block) {
+ProbeBlock* startBlocked(std::unique_ptr<ProbeThread>& handle, bool signalOnUnwind) {
+    const auto started = std::make_shared<std::latch>(1);  // the body's to hold: it may still be counting down
+    auto* block = new ProbeBlock([started, signalOnUnwind](ProbeBlock& self) {
+        struct SignalDoneOnExit {
+            ProbeBlock& block;
+            bool on;
+            ~SignalDoneOnExit() { on ? block.signalDone() : void(); }
+        } signal{self, signalOnUnwind};
+        started->count_down();
+        for (;;) clock_nanosleep(CLOCK_MONOTONIC, 0, &HOUR, nullptr);
+    });
 #if defined(__SANITIZE_ADDRESS__)
     __lsan_ignore_object(block);
-#else
-    (void)block;
 #endif
+    handle = std::make_unique<ProbeThread>(block);
+    started->wait();
+    return block;
 }
 
-void setSoftStackLimit(rlim_t limit) {
+// A thread that has finished its body.
+void finish(kivo::thread& quick) {
+    const auto finished = std::make_shared<std::latch>(1);
+    quick = kivo::thread([finished] { finished->count_down(); });
+    finished->wait();
+}
+
+rlim_t setSoftStackLimit(rlim_t limit) {  // gives the limit it replaced
     rlimit stack;
     getrlimit(RLIMIT_STACK, &stack);
-    stack.rlim_cur = limit;
+    const rlim_t previous = std::exchange(stack.rlim_cur, limit);
     setrlimit(RLIMIT_STACK, &stack);
+    return previous;
 }
 
 void* storeOwnStackSize(void* size) {
@@ -107,9 +108,7 @@ void* storeOwnStackSize(void* size) {
 std::size_t stackOfPlainThread(std::size_t size) {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    if (size != 0) {
-        pthread_attr_setstacksize(&attributes, size);
-    }
+    if (size != 0) pthread_attr_setstacksize(&attributes, size);
     std::size_t result = 0;
     pthread_t plain;
     pthread_create(&plain, &attributes, storeOwnStackSize, &result);
@@ -118,12 +117,7 @@ std::size_t stackOfPlainThread(std::size_t size) {
     return result;
 }
 
-testing::Matcher<const std::string&> reportOf(const Site& site) {
-    return testing::HasSubstr(std::string("kivoFail: ") + site.message + " [" + site.source + ":" +
-                              std::to_string(site.line) + "]");
-}
-
-TEST(Thread, StartsTheCallableWithCopiesOfItsArgumentsAndJoins) {
+TEST(Thread, StartsTheCallableWithCopiesOfItsArgumentsAndJoinsAndAnEmptyHandleNeverWaits) {
     int sum = 0;
     auto owned = std::make_unique<int>(40);
     kivo::thread adder([&sum](int a, std::unique_ptr<int> b) { sum = a + *b; }, 2, std::move(owned));
@@ -131,15 +125,11 @@ TEST(Thread, StartsTheCallableWithCopiesOfItsArgumentsAndJoins) {
     adder.join();
     EXPECT_FALSE(adder.joinable());
     EXPECT_EQ(sum, 42);
-
-    std::latch finished(1);
-    kivo::thread quick([&finished] { finished.count_down(); });
-    finished.wait();
+    kivo::thread quick;
+    finish(quick);
     EXPECT_TRUE(quick.tryjoin(10000));
     EXPECT_FALSE(quick.joinable());
-}
 
-TEST(Thread, EmptyHandleReturnsAtOnceFromEveryWait) {
     kivo::thread empty;
     empty.join();
     EXPECT_TRUE(empty.tryjoin(0));
@@ -172,7 +162,7 @@ TEST(Thread, DestroyedHandleLetsItsRunningThreadFreeTheBlock) {
     pthread_t running;
     {
         ProbeThread handle(new ProbeBlock([&release](ProbeBlock&) { release.wait(); }));
-        running = handle.block().thread_handle_;
+        running = handle.block.thread_handle_;
     }
     EXPECT_EQ(ProbeBlock::destroyed, before) << "the running thread still holds the block";
     release.count_down();
@@ -183,51 +173,32 @@ TEST(Thread, DestroyedHandleLetsItsRunningThreadFreeTheBlock) {
 
 TEST(Thread, TerminateCancelsABlockedThreadAndJoinsIt) {
     const int before = ProbeBlock::destroyed;
-    std::latch started(1);
-    // join() waits for the done signal, so this body gives it as the cancellation unwinds it.
-    auto* block = new ProbeBlock([&started](ProbeBlock& self) {
-        struct SignalDoneOnExit {
-            ProbeBlock& block;
-            ~SignalDoneOnExit() { block.signalDone(); }
-        } signal{self};
-        sleepUntilCancelled(started);
-    });
-    expectLeakOf(block);
-    ProbeThread blocked(block);
-    started.wait();
-    blocked.terminate();
-    EXPECT_FALSE(blocked.joinable());
+    std::unique_ptr<ProbeThread> blocked;
+    startBlocked(blocked, true);
+    blocked->terminate();
+    EXPECT_FALSE(blocked->joinable());
     EXPECT_EQ(ProbeBlock::destroyed, before) << "a cancelled thread keeps its reference";
 }
 
-TEST(Thread, TryterminateOfABlockedThreadTimesOutWithoutTheDoneSignal) {
-    std::latch started(1);
-    auto* block = new ProbeBlock([&started](ProbeBlock&) { sleepUntilCancelled(started); });
-    expectLeakOf(block);
-    ProbeThread blocked(block);
-    started.wait();
-    EXPECT_FALSE(blocked.tryterminate(50));
-    EXPECT_TRUE(blocked.joinable());
+TEST(Thread, TryterminateTimesOutWithoutTheDoneSignalAndSucceedsWithIt) {
+    std::unique_ptr<ProbeThread> blocked;
+    ProbeBlock* block = startBlocked(blocked, false);
+    EXPECT_FALSE(blocked->tryterminate(50));
+    EXPECT_TRUE(blocked->joinable());
     void* result = nullptr;
     ASSERT_EQ(pthread_join(block->thread_handle_, &result), 0);
     EXPECT_EQ(result, PTHREAD_CANCELED);
 
-    std::latch finished(1);
-    kivo::thread quick([&finished] { finished.count_down(); });
-    finished.wait();
+    kivo::thread quick;
+    finish(quick);
     EXPECT_TRUE(quick.tryterminate(10000)) << "a body that had finished gave its done signal";
 }
 
 TEST(Thread, IdsCompareByThreadAndDefaultIdsAreEqual) {
-    const kivo::thread::id none;
-    const kivo::thread::id self = kivo::this_thread::get_id();
+    const kivo::thread::id none, self = kivo::this_thread::get_id();
     kivo::thread::id other;
     kivo::thread([&other] { other = kivo::this_thread::get_id(); }).join();
-    struct Row {
-        kivo::thread::id a;
-        kivo::thread::id b;
-        bool equal;
-    };
+    struct Row { kivo::thread::id a, b; bool equal; };
     const Row rows[] = {{none, kivo::thread::id(), true}, {none, self, false},  {self, none, false},
                         {self, kivo::this_thread::get_id(), true}, {self, other, false}, {other, other, true}};
     for (const Row& row : rows) {
@@ -259,28 +230,23 @@ TEST(ThreadDeathTest, StartFailureThrowsWithTheSystemsTextAndFreesTheBlock) {
 TEST(ThreadDeathTest, NewThreadGetsTheSoftStackLimitWhenItIsARealLimitAbove8191Bytes) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     enum Stack { COPIED, DEFAULT, START_FAILS };
-    struct Row {
-        rlim_t softLimit;
-        Stack stack;
-    };
+    struct Row { rlim_t softLimit; Stack stack; };
     // 8192 bytes is copied, but no thread can have so small a stack.
     const Row rows[] = {{4 << 20, COPIED},       {64 << 20, COPIED},          {8191, DEFAULT}, {8192, START_FAILS},
                         {RLIM_INFINITY, DEFAULT}, {INTMAX_MAX, DEFAULT}};
     const auto check = [&rows] {
-        rlimit original;
-        getrlimit(RLIMIT_STACK, &original);
         int wrong = 0;
         for (const Row& row : rows) {
-            const std::size_t expected = row.stack == COPIED ? stackOfPlainThread(row.softLimit) : stackOfPlainThread(0);
+            const std::size_t expected = stackOfPlainThread(row.stack == COPIED ? row.softLimit : 0);
             std::size_t size = 0;
             bool started = true;
-            setSoftStackLimit(row.softLimit);
+            const rlim_t original = setSoftStackLimit(row.softLimit);
             try {
                 kivo::thread([&size] { storeOwnStackSize(&size); }).join();
             } catch (const kivo::thread_resource_error&) {
                 started = false;
             }
-            setSoftStackLimit(original.rlim_cur);
+            setSoftStackLimit(original);
             if (started != (row.stack != START_FAILS) || (started && size != expected)) {
                 std::fprintf(stderr, "limit %ju: stack %zu, expected %zu\n", static_cast<std::uintmax_t>(row.softLimit),
                              size, expected);
@@ -294,42 +260,33 @@ TEST(ThreadDeathTest, NewThreadGetsTheSoftStackLimitWhenItIsARealLimitAbove8191B
 
 // Each failing call the thread class can be made to meet, and the report it must give. (A cancel does
 // not fail on this system's threads, and an unlock, wait or signal cannot be made to fail after the
-// lock before it succeeded.)
+// lock before it succeeded.) A second lock of the error-checking mutex fails; a thread joining itself
+// fails.
 void lockThenJoin(bool timed) {
     ProbeThread handle(new ProbeBlock([](ProbeBlock&) {}, true));
-    pthread_mutex_lock(&handle.block().doneMtx_);
+    pthread_mutex_lock(&handle.block.doneMtx_);
     timed ? (void)handle.tryjoin(1000) : handle.join();
 }
 
 void joinItself(bool timed) {
     ProbeThread handle(new ProbeBlock([](ProbeBlock&) {}));
-    handle.block().thread_handle_ = pthread_self();
+    handle.block.thread_handle_ = pthread_self();
     timed ? (void)handle.tryjoin(10000) : handle.join();
 }
 
 TEST(ThreadDeathTest, FailingCallsReportTheirSite) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     namespace site = kivo::detail::thread_failure;
-    struct Row {
-        Site site;
-        void (*provoke)();
-    };
-    const Row rows[] = {
+    const std::pair<site::Site, void (*)()> rows[] = {
         {site::JOIN_LOCK, [] { lockThenJoin(false); }},
         {site::TRYJOIN_LOCK, [] { lockThenJoin(true); }},
         {site::SIGNAL_DONE_LOCK,
          [] { ProbeThread(new ProbeBlock([](ProbeBlock& self) { pthread_mutex_lock(&self.doneMtx_); }, true)).join(); }},
         {site::JOIN_PTHREAD_JOIN, [] { joinItself(false); }},
         {site::TRYJOIN_PTHREAD_JOIN, [] { joinItself(true); }},
-        {site::YIELD,
-         [] {
-             failingYield = true;
-             kivo::this_thread::yield();
-         }},
+        {site::YIELD, [] { failingYield = true, kivo::this_thread::yield(); }},
     };
-    for (const Row& row : rows) {
-        EXPECT_DEATH(row.provoke(), reportOf(row.site)) << row.site.line;
-    }
+    for (const auto& [site, provoke] : rows) EXPECT_DEATH(provoke(), kivo::test::reportOf(site)) << site.line;
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ TEXTS = ["15JAN2000", "2000-01-15", "01/15/2000", "10:30 PM", "2021W0503", "0012
 
 
 def kivodt(*arguments, inputs):
-    run = subprocess.run([KIVODT, *arguments], input="\n".join(inputs) + "\n", capture_output=True, text=True)
-    return run.stdout.splitlines()
+    return subprocess.run([KIVODT, *arguments], input="\n".join(inputs) + "\n", capture_output=True,
+                          text=True).stdout.splitlines()
 
 
 def printed(value, accepted=True):
@@ -67,8 +67,7 @@ def test_every_real_dtype_and_datetime64_gives_the_same_fields(values):
 def test_finer_datetime64_are_seconds_serials_and_nat_is_missing():
     stamps = np.array(["2021-03-17T13:45:30.25", "NaT"], dtype="datetime64[ms]")
     assert list(kivo.format(stamps, "DATETIME22.2")) == [" 17MAR2021:13:45:30.25", "                     ."]
-    assert list(kivo.format(22356, "DATE9.", missing_char="?")) == ["17MAR2021"]
-    assert list(kivo.format([np.nan], "DATE9.", missing_char="?")) == ["        ?"]
+    assert list(kivo.format([22356, np.nan], "DATE9.", missing_char="?")) == ["17MAR2021", "        ?"]
 
 
 def test_errors_coerce_or_raise_and_datetimes():
@@ -88,28 +87,22 @@ def test_errors_coerce_or_raise_and_datetimes():
         kivo.informat(["x"], "ANYDTDT")
 
 
-def test_options_apply_to_their_call_only():
+def test_options_apply_to_their_call_only_and_missing_codes():
     assert kivo.informat("01/02/2003", "ANYDTDTE", datestyle="dmy")[0] == 15737
     assert kivo.informat("01/02/2003", "ANYDTDTE")[0] != 15737
     assert kivo.informat("01/02/19", "ANYDTDTE", datestyle="mdy", yearcutoff=1900)[0] == -14974
     with pytest.raises(ValueError, match="datestyle"):
         kivo.informat("x", "ANYDTDTE", datestyle="xyz")
-
-
-def test_missing_codes_of_texts_and_values():
     values = kivo.informat([".", ".a", "._", "17MAR2021"], "DATE9.")
     assert list(kivo.missing_codes(values)) == [".", "A", "_", ""]
     assert list(kivo.missing_codes([".Z", "x"])) == ["Z", ""]
 
 
-@pytest.mark.parametrize("texts", [[None, "17MAR2021"], ["17MAR2021", 5], ["17MÄR2021"], ["17MAR\x002021"],
-                                   ["9" * 100000]])
-def test_bad_inputs_are_read_or_refused_without_harm(texts):
-    if any(not isinstance(t, (str, type(None))) for t in texts):
-        with pytest.raises(TypeError):
-            kivo.informat(texts, "DATE9.")
-    else:
-        assert len(kivo.informat(texts, "DATE9.")) == len(texts)
+@pytest.mark.parametrize("texts", [[None, "17MAR2021"], ["17MÄR2021"], ["17MAR\x002021"], ["9" * 100000]])
+def test_bad_texts_are_read_without_harm_and_a_number_is_refused(texts):
+    assert len(kivo.informat(texts, "DATE9.")) == len(texts)
+    with pytest.raises(TypeError):
+        kivo.informat(texts + [5], "DATE9.")
 
 
 def test_series_accessor_keeps_the_index():
