@@ -251,9 +251,6 @@ TEST(QuarterFormats, RomanQuarterMovesTheYear) {
         {NOV_1960, {" 60IV", "1960IV", " 1960IV"}}, {Y12000, {"****I", "12000I", " 12000I"}}});
 }
 
-using kivo::test::day;
-using kivo::test::formatField;
-
 // Today is 17 March 2021, where NENGO's running era ends.
 class WordWeekEraFormats : public kivo::test::FormatTable {
 protected:
@@ -320,8 +317,6 @@ TEST(WordDateFormatsSweep, EveryDayFitsEveryWidth) {
     }
 }
 
-
-
 const double JAN1 = day(2021, 1, 1);      // a Friday: week 53 of 2020 for V, week 0 of 2021 for U and W
 const double Y12021 = day(12021, 3, 17);  // a year past 9999 shows its last four digits
 
@@ -340,9 +335,6 @@ INSTANTIATE_TEST_SUITE_P(WeekNumbers, WordWeekEraFormats, testing::ValuesIn(kivo
         FORMAT_ROWS(weekw, {11, 0, JAN1, "2021-W00-05"}),
         FORMAT_ROWS(yyweekw, {8, 0, Y12021, "2021-W11"}, {8, 0, JAN1, "2021-W00"},
                     {8, 0, day(2021, 1, 3), "2021-W00"})})));
-
-using kivo::lum_numeric::MISSING;
-
 
 // MINGUO counts years from 1911 up to 999; NENGO's eras begin on the days of their first rows.
 INSTANTIATE_TEST_SUITE_P(JulianAndEras, WordWeekEraFormats, testing::ValuesIn(kivo::test::rows({

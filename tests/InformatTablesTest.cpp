@@ -369,12 +369,6 @@ INSTANTIATE_TEST_SUITE_P(SameLayout, TextInformatRoundTrip, testing::ValuesIn(RO
                                     "_" + std::to_string(r.decimals);
                          });
 
-using kivo::Date;
-using kivo::test::day;
-using kivo::test::readField;
-using kivo::test::sameBits;
-
-using kivo::test::REJECTED;
 const double MISSING = kivo::lum_numeric::MISSING;
 const double FEB14_2023 = day(2023, 2, 14);
 double at(double daySerial, double seconds) { return daySerial * 86400 + seconds; }
