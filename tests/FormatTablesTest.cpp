@@ -22,6 +22,7 @@
 #include "kivo/format/Missing.h"
 #include "kivo/format/datetime/TimeWriters.h"
 #include "kivox/Missing.h"
+#include "kivox/Numbers.h"
 
 namespace {
 
@@ -99,8 +100,8 @@ TEST(WriteMissing, UsesTheHostCharacterReadAfreshForTheOrdinaryMissingValueOnly)
 
 TEST(NumberOfDigits, CountsDecimalDigits) {
     using kivo::format::numberOfDigits;
-    long long power = 1;
-    for (int digits = 1; digits <= 19; ++digits, power *= 10) {
+    for (int digits = 1; digits <= 19; ++digits) {
+        const long long power = kivo::int64Pow10(digits - 1);  // no 20th power: it would overflow
         const long long largest = digits == 19 ? LLONG_MAX : power * 10 - 1;
         EXPECT_EQ(numberOfDigits(power), digits) << power;
         EXPECT_EQ(numberOfDigits(largest), digits) << largest;
