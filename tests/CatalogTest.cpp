@@ -1,11 +1,13 @@
 // The front end's catalog against the library: every exported format and informat has exactly one
 // entry, and every entry, at every width and decimals it accepts, keeps to its field and allocates
 // nothing, on edge values (formats) and on hostile texts (informats); under the asan preset this is
-// the out-of-field guarantee. The date and time formats' common entry steps are checked here too.
+// the out-of-field guarantee. The date and time formats' common entry steps and the exported string
+// routines are checked here too.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cfloat>
 #include <cmath>
 #include <cstring>
@@ -21,6 +23,7 @@
 #include <vector>
 
 #include "FormatFieldSupport.h"
+#include "kivo/Strings.h"
 #include "kivodt/Catalog.h"
 #include "kivox/Missing.h"
 #include "kivox/Services.h"
@@ -269,6 +272,24 @@ TEST(FormatEntrySteps, MissingCharacterAndStarsBeyondTheCalendar) {
         }
     }
     EXPECT_GT(checked, 0);
+}
+
+// The exported string routines pass through to the C library.
+TEST(KvcStrings, CompareIgnoringCase) {
+    EXPECT_EQ(kvc_stricmp("DateTime", "dATEtIME"), 0);
+    EXPECT_LT(kvc_stricmp("abc", "ABD"), 0);
+    EXPECT_GT(kvc_stricmp("b", "A"), 0);
+    EXPECT_EQ(kvc_strnicmp("JANUARY", "janx", 3), 0);
+    EXPECT_NE(kvc_strnicmp("JANUARY", "janx", 4), 0);
+}
+
+TEST(KvcStrings, ErrorTextLandsInTheCallersBuffer) {
+    char buffer[64];
+    EXPECT_EQ(kvc_strerror_r(EAGAIN, buffer, sizeof buffer), buffer);
+    EXPECT_STREQ(buffer, std::strerror(EAGAIN));
+    char tiny[4];
+    EXPECT_EQ(kvc_strerror_r(ENOENT, tiny, sizeof tiny), tiny);
+    EXPECT_LT(std::strlen(tiny), sizeof tiny);
 }
 
 }  // namespace
