@@ -14,24 +14,18 @@ namespace {
 
 constexpr std::uint64_t SEED = 20261122;
 
-std::uint64_t fnv1a(const char* bytes, int length, std::uint64_t hash) {
-    for (int i = 0; i < length; ++i) {
-        hash = (hash ^ static_cast<unsigned char>(bytes[i])) * 0x100000001B3ULL;
-    }
-    return hash;
-}
 
 std::uint64_t hashFields(const kivodt::FormatEntry& entry, long count) {
     const kivodt::Limits& limits = entry.limits;
     const int widths = limits.maxWidth - limits.minWidth + 1;
     kivo::testing::SeededValues values(SEED);
-    std::uint64_t hash = 0xCBF29CE484222325ULL;
+    std::uint64_t hash = kivo::testing::FIELD_HASH_START;
     for (long i = 0; i < count; ++i) {
         const int width = limits.minWidth + static_cast<int>(i % widths);
         const int decimals = static_cast<int>(i / widths % (kivodt::maxDecimals(limits, width) + 1));
         char field[kivodt::MAX_FIELD];
         entry.function(field, width, decimals, values.next());
-        hash = fnv1a(field, width, hash);
+        hash = kivo::testing::hashField(field, width, hash);
     }
     return hash;
 }

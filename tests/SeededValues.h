@@ -114,4 +114,14 @@ private:
     }
 };
 
+// FNV-1a over a field's bytes, continuing from hash: how both of them fold fields into one number.
+inline std::uint64_t hashField(const char* bytes, int length, std::uint64_t hash) noexcept {
+    for (int i = 0; i < length; ++i) {
+        hash = (hash ^ static_cast<unsigned char>(bytes[i])) * 0x100000001B3ULL;
+    }
+    return hash;
+}
+
+inline constexpr std::uint64_t FIELD_HASH_START = 0xCBF29CE484222325ULL;
+
 }  // namespace kivo::testing

@@ -40,7 +40,7 @@ int runLength(const FormatRealFields& f) { return f.leadingZeroes + f.numDigits 
 struct RoundedWhole {
     double whole;          // the rounded value, a whole number
     std::uint64_t number;  // the same as an integer, when inOneWord
-    bool inOneWord;
+    bool inOneWord;        // below 2^56: one 64-bit integer holds it
 };
 
 // Below 2^52 the value is its own integer part's conversion away from a whole number, and the final
@@ -64,7 +64,11 @@ RoundedWhole roundedScaledValue(double value, int scale, double fuzz) {
     if (fuzz * x < 0.05) {
         x *= 1.0 + fuzz;
     }
-    return {std::trunc(x), 0, false};
+    const double whole = std::trunc(x);
+    if (whole < limbs::TWO_POW_56) {
+        return {whole, whole > 0.0 ? static_cast<std::uint64_t>(whole) : 0, true};
+    }
+    return {whole, 0, false};
 }
 
 // The exponent's magnitude in exactly `count` digits, leading zeros in front; higher digits are lost.
@@ -164,19 +168,15 @@ int trailingZeroCharacters(const char* run, int count) {
 // digits) they come from one 64-bit integer; larger numbers are taken apart in two limbs, a digit at
 // a time.
 bool takeDigits(char* run, int count, const RoundedWhole& rounded) {
-    const double whole = rounded.whole;
-    if (rounded.inOneWord || whole < limbs::TWO_POW_56) {
-        std::uint64_t number = rounded.number;
-        if (!rounded.inOneWord) {
-            number = whole > 0.0 ? static_cast<std::uint64_t>(whole) : 0;
-        }
+    if (rounded.inOneWord) {
+        const std::uint64_t number = rounded.number;
         if (count <= 0) {
             return number != 0;
         }
         digits::lowestDigits(run, count, number);
         return count < digits::MOST_DIGITS_BELOW_2_POW_56 && number >= digits::POWERS_OF_TEN[count];
     }
-    limbs::DecimalLimbs number(whole);
+    limbs::DecimalLimbs number(rounded.whole);
     for (int i = count - 1; i >= 0; --i) {
         run[i] = field::DIGITS[number.popDigit()];
     }

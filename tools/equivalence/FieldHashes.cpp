@@ -39,12 +39,6 @@ Format libraryFormat(const std::string& name) {
     return reinterpret_cast<Format>(dlsym(RTLD_DEFAULT, (symbol + "Format").c_str()));
 }
 
-std::uint64_t fnv1a(const char* bytes, int length, std::uint64_t hash) {
-    for (int i = 0; i < length; ++i) {
-        hash = (hash ^ static_cast<unsigned char>(bytes[i])) * 0x100000001B3ULL;
-    }
-    return hash;
-}
 
 }  // namespace
 
@@ -84,7 +78,8 @@ int main(int argc, char** argv) {
             }
             char field[64];
             format(field, width, d, values.next());
-            const std::uint64_t hash = fnv1a(field, width, 0xCBF29CE484222325ULL ^ (width * 64 + d));
+            const std::uint64_t seed = kivo::testing::FIELD_HASH_START ^ static_cast<std::uint64_t>(width * 64 + d);
+            const std::uint64_t hash = kivo::testing::hashField(field, width, seed);
             std::fwrite(&hash, sizeof hash, 1, stdout);
         }
     }
