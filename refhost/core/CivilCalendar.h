@@ -36,8 +36,10 @@ constexpr std::int32_t floorToSerial(double value) noexcept {
     return truncated - (value < truncated ? 1 : 0);
 }
 
+// Without branches: a date informat reads months and years in no predictable order, and a missed
+// branch costs more than the three tests.
 constexpr bool isLeapYear(int year) noexcept {
-    return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    return (year % 4 == 0) & ((year % 100 != 0) | (year % 400 == 0));
 }
 
 // A day counted within its March-based year: the year that begins on 1 March, and the day of it, 0 (1
@@ -88,19 +90,29 @@ constexpr YearMonthDay fromSerial(long serial) noexcept {
 // year must be at least 1; month 1..12; day may run past the month's end (it then counts on). Every
 // quantity is then non-negative, so the divisions by constants are unsigned: a multiplication and a
 // shift each, with no sign to correct.
+// The day of the March-based year on which each month (1..12) begins: (153 × (month − 3 mod 12) + 2) / 5.
+inline constexpr std::uint32_t MARCH_YEAR_DAY_OF_MONTH_START[13] = {0,   306, 337, 0,   31,  61, 92,
+                                                                    122, 153, 184, 214, 245, 275};
+
+// The leap days before March year y are y/4 − y/100 + y/400, three independent divisions rather than
+// a split into 400-year eras and a chain through the year of the era.
 constexpr long toSerial(int year, int month, int day) noexcept {
-    const auto y = static_cast<std::uint32_t>(year - (month <= 2 ? 1 : 0));
-    const std::uint32_t era = y / 400;
-    const std::uint32_t yearOfEra = y - era * 400;
-    const auto marchMonth = static_cast<std::uint32_t>(month > 2 ? month - 3 : month + 9);
-    const std::uint32_t dayOfMarchYear = (153 * marchMonth + 2) / 5 + static_cast<std::uint32_t>(day) - 1;
-    const std::uint32_t dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfMarchYear;
-    return static_cast<long>(era) * 146097 + static_cast<long>(dayOfEra) - SHIFT_DAYS;
+    const std::uint32_t y = static_cast<std::uint32_t>(year) - static_cast<std::uint32_t>(month <= 2);
+    const std::uint32_t dayOfMarchYear = MARCH_YEAR_DAY_OF_MONTH_START[month] + static_cast<std::uint32_t>(day) - 1;
+    const std::uint64_t days = std::uint64_t{y} * 365 + y / 4 - y / 100 + y / 400 + dayOfMarchYear;
+    return static_cast<long>(days) - SHIFT_DAYS;
 }
 
-constexpr int daysInMonth(int year, int month) noexcept {
-    constexpr int days[13] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    return month == 2 && isLeapYear(year) ? 29 : days[month];
+// The longest each month (1..12) can be; February's 29th then needs a leap year.
+inline constexpr int LONGEST_MONTH_DAYS[13] = {0, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+
+// A month 1..12 and any day: whether the month of that year has the day. The leap-year test is made
+// only for a 29 February, so that it stays off the way of almost every date.
+constexpr bool hasDay(int year, int month, int day) noexcept {
+    if (day < 1 || day > LONGEST_MONTH_DAYS[month]) {
+        return false;
+    }
+    return ((month == 2) & (day == 29)) == 0 || isLeapYear(year);
 }
 
 // 1 = Sunday ... 7 = Saturday; 1 January 1960 was a Friday. The offset keeps the dividend positive
@@ -114,6 +126,17 @@ static_assert(toSerial(1582, 1, 1) == -138061);
 static_assert(toSerial(20000, 12, 31) == 6589340);
 static_assert(fromSerial(-17321).year == 1912 && fromSerial(-17321).month == 7 && fromSerial(-17321).day == 30);
 static_assert(dayOfWeek(0) == 6);
+static_assert(hasDay(2000, 2, 29) && !hasDay(1900, 2, 29) && hasDay(1900, 2, 28) && !hasDay(2001, 4, 31) &&
+              hasDay(2001, 12, 31) && !hasDay(2001, 1, 0));
+static_assert([] {
+    for (int month = 1; month <= 12; ++month) {
+        const int marchMonth = month > 2 ? month - 3 : month + 9;
+        if (MARCH_YEAR_DAY_OF_MONTH_START[month] != static_cast<std::uint32_t>((153 * marchMonth + 2) / 5)) {
+            return false;
+        }
+    }
+    return true;
+}());
 static_assert(floorToSerial(-0.5) == -1 && floorToSerial(-1.0) == -1 && floorToSerial(-0.0) == 0 && floorToSerial(2.99) == 2);
 static_assert(fromSerial(0).dayOfYear == 1 && fromSerial(-1).dayOfYear == 365 && fromSerial(59).dayOfYear == 60);
 

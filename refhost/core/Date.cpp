@@ -61,7 +61,7 @@ Date::Date(int year, int dayOfYear) noexcept : serial_(INVALID_SERIAL) {
 }
 
 Date::Date(int year, int month, int day) noexcept : serial_(INVALID_SERIAL) {
-    if (year < 1582 || year > 20000 || month < 1 || month > 12 || day < 1 || day > civil::daysInMonth(year, month)) {
+    if (year < 1582 || year > 20000 || month < 1 || month > 12 || !civil::hasDay(year, month, day)) {
         return;
     }
     serial_ = static_cast<std::int32_t>(civil::toSerial(year, month, day));
