@@ -17,6 +17,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "HostSupport.h"
@@ -234,6 +235,49 @@ TEST(TextReaders, DigitsWithFractionContinueAFirstDigit) {
     expectReadings(required, 3.0, [](const char*& c, const char* e, double& v) {
         return kivo::readDigitsWithFraction(c, e, v, true);
     });
+}
+
+// Texts of the fixed shapes, and of the shapes one character away: each place holds a digit, a
+// separator, a blank, a letter, a byte the host's tables may class as a digit, or a character from the
+// same place of the shape.
+std::string nearFixedShape(std::mt19937_64& random, const std::string& shape) {
+    static constexpr char NEAR[] = "0123456789/-:. A\xB2\t";
+    std::string text = shape;
+    for (char& c : text) {
+        const std::size_t pick = random() % (sizeof NEAR - 1 + 4);
+        c = pick < sizeof NEAR - 1 ? NEAR[pick] : (c == 'd' ? static_cast<char>('0' + random() % 10) : c);
+    }
+    std::replace_if(text.begin(), text.end(), [](char c) { return c == 'd'; }, '7');
+    return text;
+}
+
+// Where a fixed-shape reader accepts, the general reading accepts the whole text with the same numbers.
+TEST(TextReaders, FixedShapesReadAsTheGeneralReadersDo) {
+    std::mt19937_64 random(20261123);
+    const auto digitRun = [](int n) { return kivo::ThreeNumbers{n, -1, -1}; };
+    for (int i = 0; i < 200000; ++i) {
+        const std::string date = nearFixedShape(random, i % 2 ? "dd/dd/dddd" : "dd-dd-dd");
+        const std::string clock = nearFixedShape(random, i % 2 ? "dd:dd:dd" : "d:dd:dd");
+        const char* end = date.data() + date.size();
+        kivo::ThreeNumbers fixed{}, general{};
+        for (const bool yearFirst : {false, true}) {
+            const bool accepted = yearFirst ? kivo::readFixedThreeNumbers<0>(date.data(), end, fixed)
+                                            : kivo::readFixedThreeNumbers<2>(date.data(), end, fixed);
+            const char* cursor = date.data();
+            if (accepted) {
+                ASSERT_TRUE(kivo::readThreeNumbers(cursor, end, digitRun, general)) << date;
+                EXPECT_EQ(std::tie(fixed.first, fixed.second, fixed.third),
+                          std::tie(general.first, general.second, general.third)) << date;
+            }
+        }
+        double fixedSeconds = -1, generalSeconds = -1;
+        const char *fixedCursor = clock.data(), *generalCursor = clock.data(), *clockEnd = clock.data() + clock.size();
+        if (kivo::readFixedClock(fixedCursor, clockEnd, fixedSeconds)) {
+            ASSERT_TRUE(kivo::readAnyTimeAmPm(generalCursor, clockEnd, generalSeconds)) << clock;
+            EXPECT_EQ(generalCursor, clockEnd) << clock;
+            EXPECT_EQ(fixedSeconds, generalSeconds) << clock;
+        }
+    }
 }
 
 using kivo::Date;

@@ -15,16 +15,6 @@ namespace {
 
 using entry::readTextField;
 
-// The three numbers in the order they are written.
-struct ThreeNumbers {
-    int first;
-    int second;
-    int third;
-};
-
-// How a run of digits splits into the three numbers.
-using DigitRunSplit = ThreeNumbers (*)(int n);
-
 // Day or month first, the year last: two-digit parts and a year of two digits up to six digits in
 // all, of four digits up to eight, and of five beyond.
 ThreeNumbers splitYearLast(int n) {
@@ -57,43 +47,34 @@ constexpr NumericDateLayout YEAR_MONTH_DAY{2, 1, 0, splitYearFirst};
 constexpr int SHORTEST_YEAR_FIRST = 5;
 constexpr int SHORTEST_ERA_DATE = 6;
 
-// Three numbers: separated by one separator character used twice, or one run of digits over the
-// whole field, split by the layout.
-bool readThreeNumbers(const char*& cursor, const char* end, DigitRunSplit split, ThreeNumbers& numbers) noexcept {
-    if (!readUnsignedInt(cursor, end, numbers.first)) {
-        return false;
-    }
-    if (cursor == end) {
-        numbers = split(numbers.first);
-        return true;
-    }
-    char separator = 0;
-    return text::takeSeparator(cursor, end, separator) && readUnsignedInt(cursor, end, numbers.second) &&
-           text::take(cursor, end, separator) && readUnsignedInt(cursor, end, numbers.third) && cursor == end;
-}
-
 struct WrittenDate {
     int year;  // as written: two digits, four, or an era year
     int month;
     int day;
 };
 
-bool readNumericDate(const char*& cursor, const char* end, const NumericDateLayout& layout,
-                     WrittenDate& date) noexcept {
+template <const NumericDateLayout& LAYOUT>
+bool readNumericDate(const char*& cursor, const char* end, WrittenDate& date) noexcept {
     ThreeNumbers numbers{};
-    if (!readThreeNumbers(cursor, end, layout.split, numbers)) {
-        return false;
+    if (readFixedThreeNumbers<LAYOUT.yearAt>(cursor, end, numbers)) {
+        cursor = end;
+    } else {
+        ThreeNumbers general{};
+        if (!readThreeNumbers(cursor, end, LAYOUT.split, general)) {
+            return false;
+        }
+        numbers = general;
     }
     const int parts[3] = {numbers.first, numbers.second, numbers.third};
-    date = {parts[layout.yearAt], parts[layout.monthAt], parts[layout.dayAt]};
+    date = {parts[LAYOUT.yearAt], parts[LAYOUT.monthAt], parts[LAYOUT.dayAt]};
     return true;
 }
 
-int readExpandedYearDate(const char* text, int width, double* result, const NumericDateLayout& layout,
-                         int shortest) noexcept {
-    return readTextField(text, width, result, [&](const char* cursor, const char* end, double& value) {
+template <const NumericDateLayout& LAYOUT, int SHORTEST>
+int readExpandedYearDate(const char* text, int width, double* result) noexcept {
+    return readTextField(text, width, result, [](const char* cursor, const char* end, double& value) {
         WrittenDate date{};
-        return end - cursor >= shortest && readNumericDate(cursor, end, layout, date) &&
+        return end - cursor >= SHORTEST && readNumericDate<LAYOUT>(cursor, end, date) &&
                storeDay(lum_date::expand2DigitYear(date.year), date.month, date.day, value);
     });
 }
@@ -110,7 +91,7 @@ constexpr int MINGUO_BASE = 1911;
 int readMinguoDate(const char* text, int width, double* result) noexcept {
     return readTextField(text, width, result, [](const char* cursor, const char* end, double& value) {
         WrittenDate date{};
-        return end - cursor >= SHORTEST_ERA_DATE && readNumericDate(cursor, end, YEAR_MONTH_DAY, date) &&
+        return end - cursor >= SHORTEST_ERA_DATE && readNumericDate<YEAR_MONTH_DAY>(cursor, end, date) &&
                storeEraDay(MINGUO_BASE, date, value);
     });
 }
@@ -147,7 +128,7 @@ int readNengoDate(const char* text, int width, double* result) noexcept {
         }
         const Era& era = readEra(cursor, end);
         WrittenDate date{};
-        return readNumericDate(cursor, end, YEAR_MONTH_DAY, date) && withinEra(era, date.year) &&
+        return readNumericDate<YEAR_MONTH_DAY>(cursor, end, date) && withinEra(era, date.year) &&
                storeEraDay(era.base, date, value);
     });
 }
@@ -161,15 +142,15 @@ using namespace kivo::informat;
 extern "C" {
 
 int ddmmyyInformat(const char* text, int width, int, int, double* result) {
-    return readExpandedYearDate(text, width, result, DAY_MONTH_YEAR, 0);
+    return readExpandedYearDate<DAY_MONTH_YEAR, 0>(text, width, result);
 }
 
 int mmddyyInformat(const char* text, int width, int, int, double* result) {
-    return readExpandedYearDate(text, width, result, MONTH_DAY_YEAR, 0);
+    return readExpandedYearDate<MONTH_DAY_YEAR, 0>(text, width, result);
 }
 
 int yymmddInformat(const char* text, int width, int, int, double* result) {
-    return readExpandedYearDate(text, width, result, YEAR_MONTH_DAY, SHORTEST_YEAR_FIRST);
+    return readExpandedYearDate<YEAR_MONTH_DAY, SHORTEST_YEAR_FIRST>(text, width, result);
 }
 
 int minguoInformat(const char* text, int width, int, int, double* result) {

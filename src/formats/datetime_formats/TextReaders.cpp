@@ -62,6 +62,19 @@ bool readMonthAbbrev(const char*& cursor, const char* end, int& month) noexcept 
     return false;
 }
 
+bool readThreeNumbers(const char*& cursor, const char* end, DigitRunSplit split, ThreeNumbers& numbers) noexcept {
+    if (!readUnsignedInt(cursor, end, numbers.first)) {
+        return false;
+    }
+    if (cursor == end) {
+        numbers = split(numbers.first);
+        return true;
+    }
+    char separator = 0;
+    return text::takeSeparator(cursor, end, separator) && readUnsignedInt(cursor, end, numbers.second) &&
+           text::take(cursor, end, separator) && readUnsignedInt(cursor, end, numbers.third) && cursor == end;
+}
+
 bool readDayMonthAbbrevYear(const char*& cursor, const char* end, int& day, int& month, int& year) noexcept {
     text::skipNonAlnum(cursor, end);
     if (!readUnsignedInt(cursor, end, day)) {
@@ -161,7 +174,7 @@ bool applyAmPm(const char*& cursor, const char* end, double& seconds) noexcept {
 
 }  // namespace
 
-bool readTimeAmPm(const char*& cursor, const char* end, double& seconds) noexcept {
+bool readAnyTimeAmPm(const char*& cursor, const char* end, double& seconds) noexcept {
     int hours = 0;
     int minutes = 0;
     char separator = 0;

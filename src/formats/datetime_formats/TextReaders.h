@@ -30,6 +30,28 @@ bool readFraction(const char*& cursor, const char* end, double& fraction) noexce
 inline bool readDigitsWithFraction(const char*& cursor, const char* end, double& value,
                                    bool fractionRequired) noexcept;
 
+// Three numbers as they stand in the text, in that order.
+struct ThreeNumbers {
+    int first;
+    int second;
+    int third;
+};
+
+// How a run of digits splits into three numbers.
+using DigitRunSplit = ThreeNumbers (*)(int n);
+
+// Three numbers separated by one separator character used twice, or one run of digits over the whole
+// field, split by split; the field must end after them. Out of line: readFixedThreeNumbers takes
+// nearly every field, and stays short without this loop beside it.
+bool readThreeNumbers(const char*& cursor, const char* end, DigitRunSplit split, ThreeNumbers& numbers) noexcept;
+
+// The shapes nearly every numeric date has, read at their fixed places over the whole field: two-digit
+// numbers beside a year of two or four digits at YEAR_AT (0 first, 2 last), and one separator character
+// used twice (15/01/2000, 01-15-99, 2000.01.15). Where it accepts, readThreeNumbers gives the same
+// numbers; it leaves every other text to that reading.
+template <int YEAR_AT>
+inline bool readFixedThreeNumbers(const char* cursor, const char* end, ThreeNumbers& numbers) noexcept;
+
 // hh, one separator character, mm, ":", ss, an optional fraction, then blanks and tabs up to the end:
 // two digits each, hours to 23, minutes and seconds to 59, the seconds with their fraction no longer
 // than nine characters. Seconds since midnight; true only when the cursor reaches the end.
@@ -48,8 +70,11 @@ bool readDayMonthAbbrevYear(const char*& cursor, const char* end, int& day, int&
 // Hours, a separator character, minutes, optionally the same separator and seconds with a fraction,
 // then an optional AM or PM marker ("A", "P", "AM", "PM", any case). Neither hours nor minutes is
 // range-checked. The marker moves 12:xx AM back to the first hour of the day and any time before
-// noon marked PM into the afternoon.
-bool readTimeAmPm(const char*& cursor, const char* end, double& seconds) noexcept;
+// noon marked PM into the afternoon. Inline, so that the common hh:mm:ss is read in the caller.
+inline bool readTimeAmPm(const char*& cursor, const char* end, double& seconds) noexcept;
+
+// readTimeAmPm on any text, without the fixed-shape shortcut.
+bool readAnyTimeAmPm(const char*& cursor, const char* end, double& seconds) noexcept;
 
 // Character classes and skips the readers and the informats share.
 namespace text {
@@ -64,6 +89,22 @@ inline bool isLetterOrDigit(const char* p) noexcept {
 inline int digitValue(const char* p) noexcept { return CharRepresentation::ASCII_ALPHANUMERIC_TABLE[byteAt(p)]; }
 inline bool isSeparator(const char* p) noexcept { return DefaultSeparators::isSeparator(byteAt(p)); }
 inline char upper(char c) noexcept { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+// count characters at p, all of them ASCII digits "0".."9", as a number; false when any is not one.
+// The fixed-shape fast paths read their numbers with it, without a loop over the field: the host's
+// character tables class these ten as digits with their usual values, so where it accepts, the
+// general readers would have read the same number.
+inline bool asciiDigits(const char* p, int count, int& value) noexcept {
+    unsigned number = 0;
+    bool allDigits = true;
+    for (int i = 0; i < count; ++i) {
+        const unsigned digit = byteAt(p + i) - unsigned{'0'};
+        allDigits &= digit < 10;
+        number = number * 10 + digit;
+    }
+    value = static_cast<int>(number);
+    return allDigits;
+}
 
 // True when the cursor stands on c, which it then steps past.
 inline bool take(const char*& cursor, const char* end, char c) noexcept {
@@ -119,6 +160,67 @@ inline bool readDigitsWithFraction(const char*& cursor, const char* end, double&
     cursor = p;
     value = v;
     return accepted;
+}
+
+// h:mm:ss or hh:mm:ss, one separator character used twice: the shapes nearly every time field has (the
+// TIME format itself writes them), read at their fixed places. They give exactly what readAnyTimeAmPm
+// gives, except with a blank as the separator, which that reading skips as trailing space and then
+// rejects; such text is left to it.
+inline bool readFixedClock(const char*& cursor, const char* end, double& seconds) noexcept {
+    const long length = end - cursor;
+    if (length != 7 && length != 8) {
+        return false;
+    }
+    // Whether the hour has two digits, as 0 or 1 rather than a branch: the two lengths come mixed, as
+    // the hours below 10 and from 10 on do.
+    const int twoHourDigits = static_cast<int>(length) - 7;
+    int first = 0;
+    int hourUnits = 0;
+    int minutes = 0;
+    int wholeSeconds = 0;
+    const bool firstIsDigit = text::asciiDigits(cursor, 1, first);
+    const int hourTens = first * twoHourDigits;
+    const bool digits = (firstIsDigit | (twoHourDigits == 0)) & text::asciiDigits(end - 7, 1, hourUnits) &
+                        text::asciiDigits(end - 5, 2, minutes) & text::asciiDigits(end - 2, 2, wholeSeconds);
+    const char separator = end[-6];
+    if (!digits || !text::isSeparator(end - 6) || end[-3] != separator || separator == ' ') {
+        return false;
+    }
+    seconds = (hourTens * 10 + hourUnits) * 3600 + minutes * 60 + wholeSeconds;
+    cursor = end;
+    return true;
+}
+
+namespace detail {
+
+template <int YEAR_AT, int YEAR_DIGITS>
+inline bool readFixedThreeNumbers(const char* cursor, ThreeNumbers& numbers) noexcept {
+    constexpr int FIRST_DIGITS = YEAR_AT == 0 ? YEAR_DIGITS : 2;
+    constexpr int THIRD_DIGITS = YEAR_AT == 2 ? YEAR_DIGITS : 2;
+    const char* second = cursor + FIRST_DIGITS + 1;
+    const char* third = second + 3;
+    const bool digits = text::asciiDigits(cursor, FIRST_DIGITS, numbers.first) &
+                        text::asciiDigits(second, 2, numbers.second) &
+                        text::asciiDigits(third, THIRD_DIGITS, numbers.third);
+    return digits && text::isSeparator(second - 1) && third[-1] == second[-1];
+}
+
+}  // namespace detail
+
+template <int YEAR_AT>
+inline bool readFixedThreeNumbers(const char* cursor, const char* end, ThreeNumbers& numbers) noexcept {
+    switch (end - cursor) {
+        case 8:
+            return detail::readFixedThreeNumbers<YEAR_AT, 2>(cursor, numbers);
+        case 10:
+            return detail::readFixedThreeNumbers<YEAR_AT, 4>(cursor, numbers);
+        default:
+            return false;
+    }
+}
+
+inline bool readTimeAmPm(const char*& cursor, const char* end, double& seconds) noexcept {
+    return readFixedClock(cursor, end, seconds) || readAnyTimeAmPm(cursor, end, seconds);
 }
 
 inline bool readUnsignedInt(const char*& cursor, const char* end, int& value) noexcept {
