@@ -9,8 +9,10 @@
 #include <cstring>
 
 #include "kivo/Formats.h"
+#include "kivo/Informats.h"
 #include "kivo/format/Missing.h"
 #include "kivox/Calendar.h"
+#include "kivox/Missing.h"
 #include "kivox/Names.h"
 
 namespace floors {
@@ -141,6 +143,69 @@ inline void datetime19Field(char* field, double value) noexcept {
     minutesSeconds(field + 13, clock);
 }
 
+// The informat floors read the one layout their benchmark gives them and hand any other text to the
+// library. Like the library they narrow the field, ask for a missing-value notation, and build the
+// value through the host.
+inline bool narrowedField(const char*& begin, const char*& end, double* result) noexcept {
+    kivo::findNumericStartAndEnd(begin, end);
+    double value = 0;
+    if (kivo::findNumericMissing(begin, end, value)) {
+        *result = value;
+        return false;
+    }
+    return true;
+}
+
+inline unsigned digitPair(const char* p) noexcept {
+    return static_cast<unsigned>(p[0] - '0') * 10 + static_cast<unsigned>(p[1] - '0');
+}
+inline bool digitsAt(const char* p, std::size_t count) noexcept {
+    for (std::size_t i = 0; i < count; ++i) {
+        if (static_cast<unsigned>(p[i] - '0') > 9) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// DDMMYY10. informat of "dd/mm/yyyy".
+inline int ddmmyy10Informat(const char* text, int width, int, int, double* result) noexcept {
+    const char* begin = text;
+    const char* end = text + width;
+    if (!narrowedField(begin, end, result)) {
+        return 1;
+    }
+    if (end - begin != 10 || begin[2] != '/' || begin[5] != '/' || !digitsAt(begin, 2) || !digitsAt(begin + 3, 2) ||
+        !digitsAt(begin + 6, 4)) {
+        return ddmmyyInformat(text, width, 0, 0, result);
+    }
+    const int year = static_cast<int>(digitPair(begin + 6) * 100 + digitPair(begin + 8));
+    const kivo::Date date(kivo::lum_date::expand2DigitYear(year), static_cast<int>(digitPair(begin + 3)),
+                          static_cast<int>(digitPair(begin)));
+    if (!date.isValid()) {
+        return 0;
+    }
+    *result = static_cast<double>(date);
+    return 1;
+}
+
+// TIME8. informat of "h:mm:ss" and "hh:mm:ss".
+inline int time8Informat(const char* text, int width, int, int, double* result) noexcept {
+    const char* begin = text;
+    const char* end = text + width;
+    if (!narrowedField(begin, end, result)) {
+        return 1;
+    }
+    const long length = end - begin;
+    if ((length != 7 && length != 8) || end[-6] != ':' || end[-3] != ':' || !digitsAt(begin, 1) ||
+        !digitsAt(end - 7, 1) || !digitsAt(end - 5, 2) || !digitsAt(end - 2, 2)) {
+        return timeInformat(text, width, 0, 0, result);
+    }
+    const unsigned hours = length == 8 ? digitPair(begin) : static_cast<unsigned>(begin[0] - '0');
+    *result = hours * 3600 + digitPair(end - 5) * 60 + digitPair(end - 2);
+    return 1;
+}
+
 // True when the floor writes the library's field for every value: a floor that cuts a corner the
 // library cannot is no floor.
 template <class Values>
@@ -151,6 +216,21 @@ bool agrees(KivoFormatFunction format, KivoFormatFunction floor, int width, cons
         format(expected, width, 0, value);
         floor(actual, width, 0, value);
         if (std::memcmp(expected, actual, static_cast<std::size_t>(width)) != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// True when the floor reads every field to the library's result.
+template <class Fields>
+bool readsAlike(KivoInformatFunction informat, KivoInformatFunction floor, const Fields& fields) noexcept {
+    for (const auto& field : fields) {
+        const int width = static_cast<int>(field.size());
+        double expected = -1;
+        double actual = -1;
+        if (informat(field.data(), width, width, 0, &expected) != floor(field.data(), width, width, 0, &actual) ||
+            std::bit_cast<std::uint64_t>(expected) != std::bit_cast<std::uint64_t>(actual)) {
             return false;
         }
     }

@@ -1,6 +1,6 @@
 // DATE9., DDMMYY10. and TIME8. informats per field, beside strptime with the matching fixed layout
-// ("%d%b%Y", "%d/%m/%Y", "%H:%M:%S") on the same texts. One field per iteration: the time per
-// iteration is the time per field.
+// ("%d%b%Y", "%d/%m/%Y", "%H:%M:%S") on the same texts, and DDMMYY10. and TIME8. beside their
+// hand-written floors. One field per iteration: the time per iteration is the time per field.
 #include <benchmark/benchmark.h>
 
 #include <ctime>
@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "Floors.h"
 #include "kivo/Formats.h"
 #include "kivo/Informats.h"
 
@@ -64,6 +65,16 @@ void runInformat(benchmark::State& state, KivoInformatFunction informat, const s
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()));
 }
 
+// A floor, run only when it reads every field as the library does.
+void runFloor(benchmark::State& state, KivoInformatFunction informat, KivoInformatFunction floor,
+              const std::vector<std::string>& fields) {
+    if (!floors::readsAlike(informat, floor, fields)) {
+        state.SkipWithError("the floor's results differ from the informat's");
+        return;
+    }
+    runInformat(state, floor, fields);
+}
+
 void runStrptime(benchmark::State& state, const char* layout, const std::vector<std::string>& fields) {
     std::size_t i = 0;
     for (auto _ : state) {
@@ -88,19 +99,27 @@ void runStrptimeToDays(benchmark::State& state, const char* layout, const std::v
 void BM_Date9Informat(benchmark::State& state) { runInformat(state, dateInformat, date9Fields()); }
 void BM_Date9Strptime(benchmark::State& state) { runStrptime(state, "%d%b%Y", date9Fields()); }
 void BM_Ddmmyy10Informat(benchmark::State& state) { runInformat(state, ddmmyyInformat, ddmmyy10Fields()); }
+void BM_Ddmmyy10InformatFloor(benchmark::State& state) {
+    runFloor(state, ddmmyyInformat, floors::ddmmyy10Informat, ddmmyy10Fields());
+}
 void BM_Ddmmyy10Strptime(benchmark::State& state) { runStrptime(state, "%d/%m/%Y", ddmmyy10Fields()); }
 void BM_Ddmmyy10StrptimeTimegm(benchmark::State& state) {
     runStrptimeToDays(state, "%d/%m/%Y", ddmmyy10Fields());
 }
 void BM_Time8Informat(benchmark::State& state) { runInformat(state, timeInformat, time8Fields()); }
+void BM_Time8InformatFloor(benchmark::State& state) {
+    runFloor(state, timeInformat, floors::time8Informat, time8Fields());
+}
 void BM_Time8Strptime(benchmark::State& state) { runStrptime(state, "%H:%M:%S", time8Fields()); }
 
 BENCHMARK(BM_Date9Informat);
 BENCHMARK(BM_Date9Strptime);
 BENCHMARK(BM_Ddmmyy10Informat);
+BENCHMARK(BM_Ddmmyy10InformatFloor);
 BENCHMARK(BM_Ddmmyy10Strptime);
 BENCHMARK(BM_Ddmmyy10StrptimeTimegm);
 BENCHMARK(BM_Time8Informat);
+BENCHMARK(BM_Time8InformatFloor);
 BENCHMARK(BM_Time8Strptime);
 
 }  // namespace
