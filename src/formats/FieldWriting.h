@@ -116,7 +116,7 @@ inline constexpr int LARGEST_FOUR_DIGIT_YEAR = 9999;
 
 // A year in four positions: 2021 as "2021", a year past 9999 as "****".
 inline void fourDigitYearOrStars(char*& out, int year) noexcept {
-    if (year > LARGEST_FOUR_DIGIT_YEAR) {
+    if (year > LARGEST_FOUR_DIGIT_YEAR) [[unlikely]] {
         repeat(out, 4, '*');
     } else {
         fourDigits(out, year);

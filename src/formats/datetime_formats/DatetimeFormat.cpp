@@ -49,24 +49,44 @@ DateChoice chooseDate(int width, int decimals) noexcept {
 // Rounds the seconds for the decimals that fit (k); when the width cuts the decimals asked for, the
 // rounding is done one digit below the last one shown and the shown digits are truncated.
 void roundSeconds(Clock& clock, int fit, int decimals) noexcept {
-    double s = clock.seconds;
-    if (fit >= 0) {
-        s += timefield::halfUnit(decimals <= fit ? decimals : fit + 1);
-    } else {
-        s += 0.5;
-    }
-    s *= timefield::ROUNDING_NUDGE;
-    if (s >= 60.0) {
+    const double half = fit >= 0 ? timefield::halfUnit(decimals <= fit ? decimals : fit + 1) : 0.5;
+    const double s = (clock.seconds + half) * timefield::ROUNDING_NUDGE;
+    if (s >= 60.0) [[unlikely]] {
         clock.carrySeconds();
         clock.carryMinutes();
-    } else if (s >= LAST_SECOND_SHOWN_AS_DAY_END && clock.minutes == 59 && clock.hours == 23) {
+    } else if (s >= LAST_SECOND_SHOWN_AS_DAY_END && clock.minutes == 59 && clock.hours == 23) [[unlikely]] {
         clock = {24, 0, 0.0};
     } else {
         clock.seconds = s;
     }
 }
 
+// Blanks, the four-digit date and whole seconds: DATETIME19. and wider with no decimals, the layout
+// most fields have, laid out without the choices the other widths need.
+void writeDatetimeToTheSecond(const Datetime& datetime, char*& out, int width) noexcept {
+    Date date = datetime.date();
+    double seconds = datetime.timeOfDay().totalSeconds();
+    if (!timefield::carryIntoNextDay(date, seconds, timefield::DAY_END_LIMIT)) {
+        field::stars(out, width);
+        return;
+    }
+    Clock clock = Clock::of(seconds);
+    roundSeconds(clock, -1, 0);
+    field::blanks(out, width - LONG_DATE_AND_CLOCK);
+    writeShortOrLongDate(date, out, true);
+    *out++ = ':';
+    field::twoDigits(out, clock.hours);
+    *out++ = ':';
+    field::twoDigits(out, clock.minutes);
+    *out++ = ':';
+    field::twoDigits(out, static_cast<int>(clock.seconds));
+}
+
 void writeDatetime(const Datetime& datetime, char*& out, int width, int decimals) noexcept {
+    if (decimals == 0 && width > LONG_DATE_AND_CLOCK) {
+        writeDatetimeToTheSecond(datetime, out, width);
+        return;
+    }
     const DateChoice choice = chooseDate(width, decimals);
     Date date = datetime.date();
     double seconds = datetime.timeOfDay().totalSeconds();

@@ -24,7 +24,7 @@ inline bool writesMissing(double value, char* field, int width, int missingDecim
 
 template <class Value, class Write>
 inline int writeValid(char* field, int width, int decimals, const Value& value, bool valid, Write write) noexcept {
-    if (!valid) {
+    if (!valid) [[unlikely]] {
         field::stars(field, width);
         return 0;
     }
@@ -41,7 +41,7 @@ inline int writeValid(char* field, int width, int decimals, const Value& value, 
 template <class Make, class Write>
 inline int withHostValue(char* field, int width, int decimals, int missingDecimals, double value, Make make,
                          Write write) noexcept {
-    if (writesMissing(value, field, width, missingDecimals)) {
+    if (writesMissing(value, field, width, missingDecimals)) [[unlikely]] {
         return 0;
     }
     const auto hostValue = make(value);

@@ -102,12 +102,12 @@ struct Clock {
     // minute neither quotient can round up to the next whole number, and every difference is exact, so
     // whole seconds split in integers give the same three numbers without the divisions' latency.
     static Clock of(double totalSeconds) noexcept {
-        if (totalSeconds < INTEGER_SPLIT_LIMIT) {
+        if (totalSeconds < INTEGER_SPLIT_LIMIT) [[likely]] {
             const auto whole = static_cast<std::uint32_t>(totalSeconds);
             const double fraction = totalSeconds - static_cast<double>(whole);
             const std::uint32_t wholeMinutes = whole / 60;
             const std::uint32_t secondOfMinute = whole - wholeMinutes * 60;
-            if (secondOfMinute != 59 || fraction < 0.5) {
+            if (secondOfMinute != 59 || fraction < 0.5) [[likely]] {
                 const std::uint32_t hours = wholeMinutes / 60;
                 return {static_cast<int>(hours), static_cast<int>(wholeMinutes - hours * 60),
                         static_cast<double>(secondOfMinute) + fraction};
@@ -156,7 +156,7 @@ inline double twelveHourDayEnd(int decimals) noexcept {
 // A time of day at or past dayEnd becomes midnight of the next day. False when that day lies beyond
 // the calendar: the value cannot be shown.
 inline bool carryIntoNextDay(Date& date, double& seconds, double dayEnd) noexcept {
-    if (seconds < dayEnd) {
+    if (seconds < dayEnd) [[likely]] {
         return true;
     }
     date += DateDuration(1);
