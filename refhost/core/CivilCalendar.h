@@ -87,15 +87,15 @@ constexpr YearMonthDay fromSerial(long serial) noexcept {
     return {year, md.month, md.day, dayOfYear};
 }
 
-// year must be at least 1; month 1..12; day may run past the month's end (it then counts on). Every
-// quantity is then non-negative, so the divisions by constants are unsigned: a multiplication and a
-// shift each, with no sign to correct.
 // The day of the March-based year on which each month (1..12) begins: (153 × (month − 3 mod 12) + 2) / 5.
 inline constexpr std::uint32_t MARCH_YEAR_DAY_OF_MONTH_START[13] = {0,   306, 337, 0,   31,  61, 92,
                                                                     122, 153, 184, 214, 245, 275};
 
-// The leap days before March year y are y/4 − y/100 + y/400, three independent divisions rather than
-// a split into 400-year eras and a chain through the year of the era.
+// year must be at least 1; month 1..12; day may run past the month's end (it then counts on). Every
+// quantity is then non-negative, so the divisions by constants are unsigned: a multiplication and a
+// shift each, with no sign to correct. The leap days before March year y are y/4 − y/100 + y/400:
+// three independent divisions rather than a split into 400-year eras and a chain through the year of
+// the era.
 constexpr long toSerial(int year, int month, int day) noexcept {
     const std::uint32_t y = static_cast<std::uint32_t>(year) - static_cast<std::uint32_t>(month <= 2);
     const std::uint32_t dayOfMarchYear = MARCH_YEAR_DAY_OF_MONTH_START[month] + static_cast<std::uint32_t>(day) - 1;

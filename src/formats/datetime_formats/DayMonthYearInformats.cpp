@@ -59,6 +59,8 @@ bool readNumericDate(const char*& cursor, const char* end, WrittenDate& date) no
     if (readFixedThreeNumbers<LAYOUT.yearAt>(cursor, end, numbers)) {
         cursor = end;
     } else {
+        // Its own copy: the general reader takes the numbers' address, and the fixed shape's numbers
+        // would then leave the registers too.
         ThreeNumbers general{};
         if (!readThreeNumbers(cursor, end, LAYOUT.split, general)) {
             return false;
