@@ -179,9 +179,11 @@ inline bool readFixedClock(const char*& cursor, const char* end, double& seconds
     int minutes = 0;
     int wholeSeconds = 0;
     const bool firstIsDigit = text::asciiDigits(cursor, 1, first);
+    const bool unitsAreDigits = text::asciiDigits(end - 7, 1, hourUnits);
+    const bool minutesAreDigits = text::asciiDigits(end - 5, 2, minutes);
+    const bool secondsAreDigits = text::asciiDigits(end - 2, 2, wholeSeconds);
     const int hourTens = first * twoHourDigits;
-    const bool digits = (firstIsDigit | (twoHourDigits == 0)) & text::asciiDigits(end - 7, 1, hourUnits) &
-                        text::asciiDigits(end - 5, 2, minutes) & text::asciiDigits(end - 2, 2, wholeSeconds);
+    const bool digits = (firstIsDigit | (twoHourDigits == 0)) & unitsAreDigits & minutesAreDigits & secondsAreDigits;
     const char separator = end[-6];
     if (!digits || !text::isSeparator(end - 6) || end[-3] != separator || separator == ' ') {
         return false;
@@ -199,10 +201,11 @@ inline bool readFixedThreeNumbers(const char* cursor, ThreeNumbers& numbers) noe
     constexpr int THIRD_DIGITS = YEAR_AT == 2 ? YEAR_DIGITS : 2;
     const char* second = cursor + FIRST_DIGITS + 1;
     const char* third = second + 3;
-    const bool digits = text::asciiDigits(cursor, FIRST_DIGITS, numbers.first) &
-                        text::asciiDigits(second, 2, numbers.second) &
-                        text::asciiDigits(third, THIRD_DIGITS, numbers.third);
-    return digits && text::isSeparator(second - 1) && third[-1] == second[-1];
+    const bool firstAreDigits = text::asciiDigits(cursor, FIRST_DIGITS, numbers.first);
+    const bool secondAreDigits = text::asciiDigits(second, 2, numbers.second);
+    const bool thirdAreDigits = text::asciiDigits(third, THIRD_DIGITS, numbers.third);
+    return (firstAreDigits & secondAreDigits & thirdAreDigits) && text::isSeparator(second - 1) &&
+           third[-1] == second[-1];
 }
 
 }  // namespace detail
