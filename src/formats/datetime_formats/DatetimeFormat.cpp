@@ -65,15 +65,21 @@ void roundSeconds(Clock& clock, int fit, int decimals) noexcept {
 // most fields have, laid out without the choices the other widths need.
 void writeDatetimeToTheSecond(const Datetime& datetime, char*& out, int width) noexcept {
     Date date = datetime.date();
+    // The calendar day is asked for first: it is the longer chain, and the clock's arithmetic can
+    // run beside it. A time at the very end of the day moves to the next one and asks again.
+    Date::YMD ymd = date.yearMonthDay();
     double seconds = datetime.timeOfDay().totalSeconds();
-    if (!timefield::carryIntoNextDay(date, seconds, timefield::DAY_END_LIMIT)) {
-        field::stars(out, width);
-        return;
+    if (seconds >= timefield::DAY_END_LIMIT) [[unlikely]] {
+        if (!timefield::carryIntoNextDay(date, seconds, timefield::DAY_END_LIMIT)) {
+            field::stars(out, width);
+            return;
+        }
+        ymd = date.yearMonthDay();
     }
     Clock clock = Clock::of(seconds);
     roundSeconds(clock, -1, 0);
     field::blanks(out, width - LONG_DATE_AND_CLOCK);
-    writeShortOrLongDate(date, out, true);
+    DATE_LAYOUTS.write(LONG_DATE, out, ymd, ' ');
     *out++ = ':';
     field::twoDigits(out, clock.hours);
     *out++ = ':';
