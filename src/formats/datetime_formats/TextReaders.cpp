@@ -45,7 +45,6 @@ bool readFraction(const char*& cursor, const char* end, double& fraction) noexce
     return count > 0;
 }
 
-
 bool readMonthAbbrev(const char*& cursor, const char* end, int& month) noexcept {
     if (end - cursor < 3) {
         return false;
