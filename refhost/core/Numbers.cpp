@@ -15,6 +15,27 @@ double smallestNotBelowPow10(int e) noexcept {
     }
     return SMALLEST_NOT_BELOW_POW10[e - POW10_TABLE_MIN];
 }
+
+// Zero, NaN and the infinities have no logarithm; a subnormal's binary exponent comes from frexp, and
+// the table of the smallest doubles not below each power of ten settles the decimal one.
+int floorLog10OfZeroSubnormalOrNonFinite(double magnitude) noexcept {
+    if (!(magnitude > 0.0) || magnitude == HUGE_VAL) {
+        return FLOOR_LOG10_NONE;
+    }
+    int binaryExponent = 0;
+    std::frexp(magnitude, &binaryExponent);
+    int e = ((binaryExponent - 1) * 78913) >> 18;
+    if (e < POW10_TABLE_MIN) {
+        e = POW10_TABLE_MIN;
+    }
+    while (magnitude >= smallestNotBelowPow10(e + 1)) {
+        ++e;
+    }
+    while (e > POW10_TABLE_MIN && magnitude < smallestNotBelowPow10(e)) {
+        --e;
+    }
+    return e;
+}
 }  // namespace
 
 double pow10(int e) noexcept {
@@ -52,30 +73,16 @@ std::int64_t int64Pow10(int e) noexcept {
 
 int floorLog10(const double& value) noexcept {
     const double magnitude = std::fabs(value);
-    if (!(magnitude > 0.0) || magnitude == HUGE_VAL) {
-        return FLOOR_LOG10_NONE;
+    const auto biased = static_cast<int>(std::bit_cast<std::uint64_t>(magnitude) >> 52);
+    if (biased == 0 || biased == 0x7FF) [[unlikely]] {
+        return floorLog10OfZeroSubnormalOrNonFinite(magnitude);
     }
-    // The binary exponent gives the answer to within one; the table of the smallest doubles not below
-    // each power of ten settles it exactly, also for values next to a power of ten.
-    // The exponent is read from the double's bits (frexp's, one more than the unbiased one), and
-    // floor(k log10 2) is (k * 78913) >> 18 for every |k| below 1100, the same integer as the floor of
-    // the double product. Subnormals, with no exponent in their bits, ask frexp.
-    const auto bits = std::bit_cast<std::uint64_t>(magnitude);
-    int binaryExponent = static_cast<int>(bits >> 52) - 1022;
-    if ((bits >> 52) == 0) {
-        std::frexp(magnitude, &binaryExponent);
-    }
-    int e = ((binaryExponent - 1) * 78913) >> 18;
-    if (e < POW10_TABLE_MIN) {
-        e = POW10_TABLE_MIN;
-    }
-    while (magnitude >= smallestNotBelowPow10(e + 1)) {
-        ++e;
-    }
-    while (e > POW10_TABLE_MIN && magnitude < smallestNotBelowPow10(e)) {
-        --e;
-    }
-    return e;
+    // A normal value lies in [2^k, 2^(k+1)) with k read from its bits. floor(k log10 2), which is
+    // (k * 78913) >> 18 for every |k| below 1100, is at most the answer and at most one below it, so
+    // one comparison with the smallest double not below the next power settles it, with no branch.
+    const int k = biased - 1023;
+    const int e = (k * 78913) >> 18;
+    return e + static_cast<int>(magnitude >= SMALLEST_NOT_BELOW_POW10[e + 1 - POW10_TABLE_MIN]);
 }
 
 }  // namespace kivo
