@@ -72,4 +72,18 @@ inline void lowestDigits(char* out, int count, std::uint64_t value) noexcept {
     }
 }
 
+// How many of the count characters at the end of run are '0', eight at a time while they last. The
+// count is found by branches, not worked out from the digits: the branches are predicted, so what
+// depends on the count goes ahead before the digits are known.
+inline int trailingZeroCharacters(const char* run, int count) noexcept {
+    int zeros = 0;
+    while (zeros + 8 <= count && std::memcmp(run + count - zeros - 8, "00000000", 8) == 0) {
+        zeros += 8;
+    }
+    while (zeros < count && run[count - 1 - zeros] == '0') {
+        ++zeros;
+    }
+    return zeros;
+}
+
 }  // namespace kivo::format::digits

@@ -7,6 +7,7 @@
 #include "formats/DecimalLimbs.h"
 #include "formats/FieldWriting.h"
 #include "formats/FormatRealFieldsFailures.h"
+#include "formats/ScaledRounding.h"
 #include "kivox/Numbers.h"
 
 namespace kivo::format {
@@ -15,61 +16,7 @@ namespace {
 
 constexpr int DIGIT_CAPACITY = 32;
 
-// 10^-22 .. 10^22 as the nearest doubles, the same the host's pow10 gives: the positive powers are
-// exact, and one correctly rounded division of 1 by an exact power is the nearest double to its
-// reciprocal. A table here saves a call into the host on every field.
-constexpr int EXACT_POWERS = 22;
-constexpr auto NEAREST_POWERS_OF_TEN = [] {
-    struct Table {
-        double values[2 * EXACT_POWERS + 1];
-    } table{};
-    double power = 1.0;
-    for (int e = 0; e <= EXACT_POWERS; ++e) {
-        table.values[EXACT_POWERS + e] = power;
-        table.values[EXACT_POWERS - e] = 1.0 / power;
-        power *= 10.0;
-    }
-    return table;
-}();
-
 int runLength(const FormatRealFields& f) { return f.leadingZeroes + f.numDigits + f.trailingZeroes; }
-
-// x scaled to the planned digits, rounded half up, then nudged by the fuzz factor: a value a hair
-// below a rounding boundary only because of its binary form is pushed over it, but only while the
-// nudge stays below 0.05 units of the last digit.
-struct RoundedWhole {
-    double whole;          // the rounded value, a whole number
-    std::uint64_t number;  // the same as an integer, when inOneWord
-    bool inOneWord;        // below 2^56: one 64-bit integer holds it
-};
-
-// Below 2^52 the value is its own integer part's conversion away from a whole number, and the final
-// truncation is the conversion itself: the rounding runs on the integer the digits come from, without
-// two more round trips through the floating-point truncation.
-RoundedWhole roundedScaledValue(double value, int scale, double fuzz) {
-    double x = value;
-    FormatRealFields::multPow10(x, scale);
-    if (x >= 0.0 && x < 0x1p52) {
-        if (static_cast<double>(static_cast<std::uint64_t>(x)) != x) {
-            x += 0.5;
-        }
-        if (fuzz * x < 0.05) {
-            x *= 1.0 + fuzz;
-        }
-        return {0.0, static_cast<std::uint64_t>(x), true};
-    }
-    if (x != std::trunc(x) || std::isnan(x)) {
-        x += 0.5;
-    }
-    if (fuzz * x < 0.05) {
-        x *= 1.0 + fuzz;
-    }
-    const double whole = std::trunc(x);
-    if (whole < limbs::TWO_POW_56) {
-        return {whole, whole > 0.0 ? static_cast<std::uint64_t>(whole) : 0, true};
-    }
-    return {whole, 0, false};
-}
 
 // The exponent's magnitude in exactly `count` digits, leading zeros in front; higher digits are lost.
 void writeExponentValue(char*& out, int magnitude, int count) {
@@ -151,23 +98,11 @@ void writeGroupedInteger(char*& out, const char* digits, int numDigits, int coun
     }
 }
 
-// How many of the count characters at the end of run are '0', eight at a time while they last.
-int trailingZeroCharacters(const char* run, int count) {
-    int zeros = 0;
-    while (zeros + 8 <= count && std::memcmp(run + count - zeros - 8, "00000000", 8) == 0) {
-        zeros += 8;
-    }
-    while (zeros < count && run[count - 1 - zeros] == '0') {
-        ++zeros;
-    }
-    return zeros;
-}
-
 // The lowest count digits of a whole number into run[0 .. count); true when digits are left over, that
 // is when rounding carried past the digits planned. Below 2^56 (every field up to 17 significant
 // digits) they come from one 64-bit integer; larger numbers are taken apart in two limbs, a digit at
 // a time.
-bool takeDigits(char* run, int count, const RoundedWhole& rounded) {
+bool takeDigits(char* run, int count, const rounding::RoundedWhole& rounded) {
     if (rounded.inOneWord) {
         const std::uint64_t number = rounded.number;
         if (count <= 0) {
@@ -235,27 +170,14 @@ bool FormatRealFields::invariant() const {
     return exponent == 0;
 }
 
-void FormatRealFields::multPow10(double& value, int power) {
-    if (power >= -EXACT_POWERS && power <= EXACT_POWERS) {
-        value *= NEAREST_POWERS_OF_TEN.values[power + EXACT_POWERS];
-        return;
-    }
-    if (power > 308) {
-        value *= pow10(308);
-        power -= 308;
-    } else if (power < -307) {
-        value *= pow10(-307);
-        power += 307;
-    }
-    value *= pow10(power);
-}
+void FormatRealFields::multPow10(double& value, int power) { rounding::multiplyByPowerOfTen(value, power); }
 
 bool FormatRealFields::writeDigitBuffer(double value, int extraScale, double fuzz) {
     const int scale = extraScale + leadingZeroes + numDigits - pointPosition - exponent;
-    const bool carried = takeDigits(digits, numDigits, roundedScaledValue(value, scale, fuzz));
+    const bool carried = takeDigits(digits, numDigits, rounding::roundedScaledValue(value, scale, fuzz));
 
     // Zeros at the low end become trailing zeros rather than stored digits.
-    const int lowZeros = trailingZeroCharacters(digits, numDigits);
+    const int lowZeros = digits::trailingZeroCharacters(digits, numDigits);
     trailingZeroes += lowZeros;
     numDigits -= lowZeros;
 
