@@ -14,7 +14,10 @@
 
 #include "kivo/format/FormatRealFields.h"
 #include "kivo/format/PackedDecimal.h"
+#include "SeededValues.h"
+#include "formats/RealLayoutSteps.h"
 #include "kivo/format/RealLayouts.h"
+#include "kivox/Numbers.h"
 
 namespace {
 
@@ -219,6 +222,30 @@ TEST(NumericLayoutsProperty, FieldsShowTheValueToTheirLastDigit) {
         SCOPED_TRACE(layout);
         checkLayout(layout, ++seed);
     }
+}
+
+// The direct medium BEST layout, wherever it takes a value, must leave the very record the general
+// steps leave, down to the fields the text does not show.
+TEST(NumericLayoutsProperty, DirectMediumBestRecordIsTheGeneralOne) {
+    using namespace kivo::format;
+    kivo::testing::SeededValues values(20261123);
+    long taken = 0;
+    for (int i = 0; i < 400000; ++i) {
+        const double x = std::fabs(values.next());
+        const int width = 4 + i % 29;
+        const int e = kivo::floorLog10(x);
+        if (!std::isfinite(x) || x == 0.0 || e >= width || (width > 4 && e < std::max(2 - width, -5))) {
+            continue;
+        }
+        FormatRealFields direct;
+        FormatRealFields general;
+        getMediumRealForBestFormat(x, width, e, general);
+        if (layout::layOutMediumDirectly(x, width, e, direct)) {
+            ++taken;
+            ASSERT_TRUE(direct == general) << x << " width " << width;
+        }
+    }
+    EXPECT_GT(taken, 100000);
 }
 
 using kivo::format::FormatRealFields;

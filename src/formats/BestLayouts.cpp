@@ -1,4 +1,6 @@
+#include "formats/DecimalDigits.h"
 #include "formats/RealLayoutSteps.h"
+#include "formats/ScaledRounding.h"
 #include "kivo/format/RealLayouts.h"
 #include "kivox/Numbers.h"
 
@@ -89,6 +91,36 @@ void finishSmallBest(FormatRealFields& f, int width, bool carried) {
     f.stripTrailingZeroes(true);
     f.setExponentDigits();
     fitToWidth(f, width);
+}
+
+bool layOutMediumDirectly(double x, int width, int e, FormatRealFields& f) {
+    if (width < 4) {
+        return false;
+    }
+    const int pointPosition = atLeast(e, 0) + 1;
+    const int budget = atMost(width - 1, FIXED_DIGITS);
+    const bool withPoint = budget > pointPosition;
+    const int planned = withPoint ? budget : pointPosition;
+    if (planned > digits::MOST_DIGITS_BELOW_2_POW_56 - 1) [[unlikely]] {
+        return false;
+    }
+    const rounding::RoundedWhole rounded = rounding::roundedScaledValue(x, planned - pointPosition, FUZZ);
+    if (!rounded.inOneWord || rounded.number == 0 || rounded.number >= digits::POWERS_OF_TEN[planned])
+        [[unlikely]] {
+        return false;
+    }
+    digits::lowestDigits(f.digits, planned, rounded.number);
+    const int numDigits = planned - digits::trailingZeroCharacters(f.digits, planned);
+    // Zeros at the end of the integer part stay as trailing zeros, and a point with only zeros after
+    // it goes; zeros after the point go with it.
+    const bool pointStays = withPoint && numDigits > pointPosition;
+    const int trailingZeroes = pointStays ? 0 : pointPosition - numDigits;
+    f.numDigits = numDigits;
+    f.trailingZeroes = trailingZeroes;
+    f.pointPosition = pointPosition;
+    f.hasDecimalPoint = pointStays;
+    f.leadingBlanks = width - (numDigits + trailingZeroes + static_cast<int>(pointStays));
+    return true;
 }
 
 }  // namespace layout
@@ -190,7 +222,9 @@ void getRealForBestFormat(double x, int width, FormatRealFields& fields) {
     if (available > 4 && e < atLeast(2 - available, -5)) {
         getSmallRealForBestFormat(x, available, e, fields);
     } else if (available > e) {
-        getMediumRealForBestFormat(x, available, e, fields);
+        if (!layOutMediumDirectly(x, available, e, fields)) {
+            getMediumRealForBestFormat(x, available, e, fields);
+        }
     } else {
         getLargeRealForBestFormat(x, available, e, fields);
     }

@@ -104,4 +104,11 @@ ExponentRow largeRealRow(double x, int width, int e, bool blankLayout);
 // else trailing zeros stripped and the exponent sized.
 void finishSmallBest(FormatRealFields& f, int width, bool carried);
 
+// The medium BEST layout (width >= 4, e < width, not the small layout) when its digits neither carry
+// nor round away to nothing and one word holds them: the common case, worked out in locals and stored
+// once, without the round trips through the record that the general steps make. It fills a cleared
+// record as getMediumRealForBestFormat would and returns true; otherwise it returns false, with the
+// record untouched apart from its digit characters, for the general steps to lay out.
+bool layOutMediumDirectly(double x, int width, int e, FormatRealFields& f);
+
 }  // namespace kivo::format::layout
