@@ -79,10 +79,17 @@ int floorLog10(const double& value) noexcept {
     }
     // A normal value lies in [2^k, 2^(k+1)) with k read from its bits. floor(k log10 2), which is
     // (k * 78913) >> 18 for every |k| below 1100, is at most the answer and at most one below it, so
-    // one comparison with the smallest double not below the next power settles it, with no branch.
+    // one comparison with the smallest double not below the next power settles it. The comparison is
+    // kept a branch (the empty asm stops the compiler from turning it into a flag add): predicted, it
+    // lets the caller's scaling, which waits on the answer, start before the table is read.
     const int k = biased - 1023;
     const int e = (k * 78913) >> 18;
-    return e + static_cast<int>(magnitude >= SMALLEST_NOT_BELOW_POW10[e + 1 - POW10_TABLE_MIN]);
+    if (magnitude >= SMALLEST_NOT_BELOW_POW10[e + 1 - POW10_TABLE_MIN]) {
+        int next = e + 1;
+        asm("" : "+r"(next));
+        return next;
+    }
+    return e;
 }
 
 }  // namespace kivo
