@@ -12,10 +12,10 @@
 #include <random>
 #include <string>
 
-#include "kivo/format/FormatRealFields.h"
-#include "kivo/format/PackedDecimal.h"
 #include "SeededValues.h"
 #include "formats/RealLayoutSteps.h"
+#include "kivo/format/FormatRealFields.h"
+#include "kivo/format/PackedDecimal.h"
 #include "kivo/format/RealLayouts.h"
 #include "kivox/Numbers.h"
 

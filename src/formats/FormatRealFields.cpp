@@ -64,9 +64,10 @@ constexpr int ASSEMBLED_RUN = 64;
 // The same run, assembled first when it is of a field's length (zeros, then the digits over them) and
 // written in at most two moves around the point.
 void writeDigitRun(const FormatRealFields& f, char*& out, char pointChar) {
-    if (f.leadingZeroes == 0 && f.pointPosition >= 0 && f.pointPosition <= f.numDigits &&
-        f.numDigits <= DIGIT_CAPACITY && f.trailingZeroes >= 0) [[likely]] {
-        // No zeros in front and the point, if any, among the digits: the digits go straight out.
+    const bool pointAmongDigits = f.pointPosition >= 0 && f.pointPosition <= f.numDigits;
+    if (f.leadingZeroes == 0 && f.numDigits >= 0 && f.numDigits <= DIGIT_CAPACITY && f.trailingZeroes >= 0 &&
+        (pointAmongDigits || !f.hasDecimalPoint)) [[likely]] {
+        // No zeros in front and the point, if shown, among the digits: the digits go straight out.
         if (f.hasDecimalPoint) {
             field::text(out, f.digits, f.pointPosition);
             *out++ = pointChar;
