@@ -69,14 +69,28 @@ inline void minutesSeconds(char* out, const Clock& clock) noexcept {
     pair(out + 4, static_cast<unsigned>(clock.seconds));
 }
 
+// True when value is a missing value, written in its notation by the library's writer.
+inline bool writtenAsMissing(char* field, int width, double value) noexcept {
+    return !std::isfinite(value) && kivo::format::writeMissing(value, field, width, 0);
+}
+
+// True when the calendar value is outside the calendar, the field then filled with stars.
+template <class CalendarValue>
+inline bool starredWhenInvalid(char* field, int width, const CalendarValue& calendarValue) noexcept {
+    if (calendarValue.isValid()) {
+        return false;
+    }
+    std::memset(field, '*', static_cast<std::size_t>(width));
+    return true;
+}
+
 // DATE9.
 inline void date9Field(char* field, double value) noexcept {
-    if (!std::isfinite(value) && kivo::format::writeMissing(value, field, 9, 0)) {
+    if (writtenAsMissing(field, 9, value)) {
         return;
     }
     const kivo::Date date(value);
-    if (!date.isValid()) {
-        std::memset(field, '*', 9);
+    if (starredWhenInvalid(field, 9, date)) {
         return;
     }
     date9(field, date);
@@ -84,7 +98,7 @@ inline void date9Field(char* field, double value) noexcept {
 
 // TIME8. of a time within one day; other durations go to the library's format.
 inline void time8Field(char* field, double value) noexcept {
-    if (!std::isfinite(value) && kivo::format::writeMissing(value, field, 8, 0)) {
+    if (writtenAsMissing(field, 8, value)) {
         return;
     }
     if (!kivo::Datetime(value).isValid() || !(value >= 0.0 && value < 86400.0)) {
@@ -109,12 +123,11 @@ inline void time8Field(char* field, double value) noexcept {
 
 // DATETIME19.: " 17MAR2021:13:45:30".
 inline void datetime19Field(char* field, double value) noexcept {
-    if (!std::isfinite(value) && kivo::format::writeMissing(value, field, 19, 0)) {
+    if (writtenAsMissing(field, 19, value)) {
         return;
     }
     const kivo::Datetime datetime(value);
-    if (!datetime.isValid()) {
-        std::memset(field, '*', 19);
+    if (starredWhenInvalid(field, 19, datetime)) {
         return;
     }
     kivo::Date date = datetime.date();
