@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "formats/FieldWriting.h"
+#include "formats/ScaledRounding.h"
 #include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/format/Missing.h"
 #include "kivox/Calendar.h"
@@ -29,17 +30,15 @@ inline constexpr double DAY_END_LIMIT = 86400.0 - 0x1p-31;
 
 // The powers of ten up to 10^22 are exact doubles, so quotients by them computed here, once, are the
 // very doubles a division by pow10 gives at run time. Beyond them the host's pow10 decides.
-inline constexpr int EXACT_POWERS_OF_TEN = 23;
+inline constexpr int EXACT_POWERS_OF_TEN = rounding::EXACT_POWERS + 1;
 
 template <class Quotient>
 constexpr auto tableOverPowersOfTen(Quotient quotient) noexcept {
     struct Table {
         double values[EXACT_POWERS_OF_TEN];
     } table{};
-    double power = 1.0;
-    for (double& value : table.values) {
-        value = quotient(power);
-        power *= 10.0;
+    for (int decimals = 0; decimals < EXACT_POWERS_OF_TEN; ++decimals) {
+        table.values[decimals] = quotient(rounding::NEAREST_POWERS_OF_TEN.values[rounding::EXACT_POWERS + decimals]);
     }
     return table;
 }
