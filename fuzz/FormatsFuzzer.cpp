@@ -11,7 +11,7 @@
 #include <cstring>
 #include <memory>
 
-#include "kivodt/Catalog.h"
+#include "kivoconvert/Catalog.h"
 
 namespace {
 
@@ -35,11 +35,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 3) {
         return 0;
     }
-    const std::span<const kivodt::FormatEntry> catalog = kivodt::formatCatalog();
-    const kivodt::FormatEntry& entry = catalog[data[0] % catalog.size()];
-    const kivodt::Limits& limits = entry.limits;
+    const std::span<const kivoconvert::FormatEntry> catalog = kivoconvert::formatCatalog();
+    const kivoconvert::FormatEntry& entry = catalog[data[0] % catalog.size()];
+    const kivoconvert::Limits& limits = entry.limits;
     const int width = limits.minWidth + data[1] % (limits.maxWidth - limits.minWidth + 1);
-    const int decimals = data[2] % (kivodt::maxDecimals(limits, width) + 1);
+    const int decimals = data[2] % (kivoconvert::maxDecimals(limits, width) + 1);
     const double value = valueFrom(data + 3, size - 3);
 
     const std::unique_ptr<char[]> field(new char[static_cast<std::size_t>(width)]);

@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "kivo/LogTimeInformat.h"
-#include "kivodt/Catalog.h"
+#include "kivoconvert/Catalog.h"
 #include "kivox/Missing.h"
 
 namespace {
@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::memcpy(field.get(), data, size);
     }
     const int width = static_cast<int>(size);
-    for (const kivodt::InformatEntry& entry : kivodt::informatCatalog()) {
+    for (const kivoconvert::InformatEntry& entry : kivoconvert::informatCatalog()) {
         runInformat(entry.function, field.get(), width, width, entry.storesMissingWhenRejecting);
     }
     // The informats that cut their field at the length argument.

@@ -1,4 +1,4 @@
-// The front end's catalog against the library: every exported format and informat has exactly one
+// The engine's catalog against the library: every exported format and informat has exactly one
 // entry, and every entry, at every width and decimals it accepts, keeps to its field and allocates
 // nothing, on edge values (formats) and on hostile texts (informats); under the asan preset this is
 // the out-of-field guarantee. The date and time formats' common entry steps and the exported string
@@ -24,7 +24,7 @@
 
 #include "FormatFieldSupport.h"
 #include "kivo/Strings.h"
-#include "kivodt/Catalog.h"
+#include "kivoconvert/Catalog.h"
 #include "kivox/Missing.h"
 #include "kivox/Services.h"
 
@@ -50,8 +50,8 @@ void operator delete(void* block, const std::nothrow_t&) noexcept { std::free(bl
 
 namespace {
 
-using kivodt::FormatEntry;
-using kivodt::InformatEntry;
+using kivoconvert::FormatEntry;
+using kivoconvert::InformatEntry;
 
 // The library's exported `<name>Format` and `<name>Informat` symbols, from the lists the export check
 // holds the library to.
@@ -87,17 +87,17 @@ void countSymbols(std::span<const Entry> catalog, const char* suffix, std::map<s
 TEST(Catalog, NamesEveryExportedFormatAndInformatExactlyOnce) {
     const std::set<std::string> exported = exportedEntryPoints();
     std::map<std::string, int> counts;
-    countSymbols(kivodt::formatCatalog(), "Format", counts);
-    countSymbols(kivodt::informatCatalog(), "Informat", counts);
+    countSymbols(kivoconvert::formatCatalog(), "Format", counts);
+    countSymbols(kivoconvert::informatCatalog(), "Informat", counts);
     for (const std::string& symbol : exported) {
         EXPECT_EQ(counts[symbol], 1) << symbol << " should have exactly one catalog entry";
     }
     for (const auto& [symbol, count] : counts) {
         EXPECT_TRUE(exported.contains(symbol)) << symbol << " is in the catalog but not exported";
     }
-    // Only the front end's own numeric formats call no library symbol.
-    for (const FormatEntry& entry : kivodt::formatCatalog()) {
-        EXPECT_TRUE(!entry.symbol.empty() || entry.kind == kivodt::ValueKind::NUMBER) << entry.name;
+    // Only the engine's own numeric formats call no library symbol.
+    for (const FormatEntry& entry : kivoconvert::formatCatalog()) {
+        EXPECT_TRUE(!entry.symbol.empty() || entry.kind == kivoconvert::ValueKind::NUMBER) << entry.name;
     }
     EXPECT_FALSE(exported.empty());
 }
@@ -146,10 +146,10 @@ TEST(CatalogSweep, EveryFormatWritesExactlyItsFieldAtEveryWidthAndDecimals) {
     const std::vector<double> values = edgeValues();
     std::string failures;
     long calls = 0;
-    for (const FormatEntry& entry : kivodt::formatCatalog()) {
-        const kivodt::Limits& limits = entry.limits;
+    for (const FormatEntry& entry : kivoconvert::formatCatalog()) {
+        const kivoconvert::Limits& limits = entry.limits;
         for (int width = limits.minWidth; width <= limits.maxWidth; ++width) {
-            for (int decimals = 0; decimals <= kivodt::maxDecimals(limits, width); ++decimals) {
+            for (int decimals = 0; decimals <= kivoconvert::maxDecimals(limits, width); ++decimals) {
                 for (double value : values) {
                     // Two fills tell a byte the format wrote (the same in both runs) from one it left.
                     std::string low, high;
@@ -212,13 +212,13 @@ TEST(CatalogSweep, EveryInformatReadsOnlyItsFieldAndLeavesARejectedResultAlone) 
     const std::vector<std::string> texts = hostileTexts();
     const double untouched = std::bit_cast<double>(std::uint64_t{0x7FF4DEADBEEF0001});
     std::string failures;
-    for (const InformatEntry& entry : kivodt::informatCatalog()) {
+    for (const InformatEntry& entry : kivoconvert::informatCatalog()) {
         for (const std::string& text : texts) {
             // An exactly-sized heap copy, so that a read past the field's end is caught under ASan.
             const std::unique_ptr<char[]> field(new char[text.size()]);
             std::memcpy(field.get(), text.data(), text.size());
             const int width = static_cast<int>(text.size());
-            for (int decimals : {0, kivodt::maxDecimals(entry.limits, kivodt::MAX_FIELD)}) {
+            for (int decimals : {0, kivoconvert::maxDecimals(entry.limits, kivoconvert::MAX_FIELD)}) {
                 double result = untouched;
                 const long before = allocations;
                 const int accepted = entry.function(field.get(), width, width, decimals, &result);
@@ -240,23 +240,23 @@ TEST(CatalogSweep, EveryInformatReadsOnlyItsFieldAndLeavesARejectedResultAlone) 
 // left only where the catalog says they do, and a value just past either end of the calendar, counted
 // in the format's kind of value, fills the field with "*".
 // The values next to the calendar's first day (1 January 1582) and after its last (31 December 20000).
-std::pair<double, double> beyondTheCalendar(kivodt::ValueKind kind) {
+std::pair<double, double> beyondTheCalendar(kivoconvert::ValueKind kind) {
     constexpr double FIRST_DAY = -138061, LAST_DAY = 6589340, DAY = 86400;
-    if (kind == kivodt::ValueKind::DAY) return {FIRST_DAY - 1, LAST_DAY + 1};
+    if (kind == kivoconvert::ValueKind::DAY) return {FIRST_DAY - 1, LAST_DAY + 1};
     return {FIRST_DAY * DAY - 0.5, (LAST_DAY + 1) * DAY};
 }
 
 TEST(FormatEntrySteps, MissingCharacterAndStarsBeyondTheCalendar) {
     int checked = 0;
-    for (const kivodt::FormatEntry& entry : kivodt::formatCatalog()) {
-        if (entry.kind == kivodt::ValueKind::NUMBER || entry.writesBytes) {
+    for (const kivoconvert::FormatEntry& entry : kivoconvert::formatCatalog()) {
+        if (entry.kind == kivoconvert::ValueKind::NUMBER || entry.writesBytes) {
             continue;  // the numeric and packed fields have tables of their own
         }
-        const bool moves = entry.limits.decimals == kivodt::Decimals::MISSING_POSITION;
+        const bool moves = entry.limits.decimals == kivoconvert::Decimals::MISSING_POSITION;
         const auto [before, after] = beyondTheCalendar(entry.kind);
         for (int width = entry.limits.minWidth; width <= entry.limits.maxWidth; ++width) {
             const std::string stars(static_cast<std::size_t>(width), '*');
-            for (int decimals = 0; decimals <= kivodt::maxDecimals(entry.limits, width); ++decimals) {
+            for (int decimals = 0; decimals <= kivoconvert::maxDecimals(entry.limits, width); ++decimals) {
                 std::string missing(static_cast<std::size_t>(width), ' ');
                 missing[static_cast<std::size_t>(width - 1 - (moves ? decimals : 0))] = '.';
                 const std::string spec =

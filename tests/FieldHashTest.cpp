@@ -9,22 +9,22 @@
 #include <string_view>
 
 #include "SeededValues.h"
-#include "kivodt/Catalog.h"
+#include "kivoconvert/Catalog.h"
 
 namespace {
 
 constexpr std::uint64_t SEED = 20261122;
 
 
-std::uint64_t hashFields(const kivodt::FormatEntry& entry, long count) {
-    const kivodt::Limits& limits = entry.limits;
+std::uint64_t hashFields(const kivoconvert::FormatEntry& entry, long count) {
+    const kivoconvert::Limits& limits = entry.limits;
     const int widths = limits.maxWidth - limits.minWidth + 1;
     kivo::testing::SeededValues values(SEED);
     std::uint64_t hash = kivo::testing::FIELD_HASH_START;
     for (long i = 0; i < count; ++i) {
         const int width = limits.minWidth + static_cast<int>(i % widths);
-        const int decimals = static_cast<int>(i / widths % (kivodt::maxDecimals(limits, width) + 1));
-        char field[kivodt::MAX_FIELD];
+        const int decimals = static_cast<int>(i / widths % (kivoconvert::maxDecimals(limits, width) + 1));
+        char field[kivoconvert::MAX_FIELD];
         entry.function(field, width, decimals, values.next());
         hash = kivo::testing::hashField(field, width, hash);
     }
@@ -50,7 +50,7 @@ constexpr HeldFormat TUNED_FORMATS[] = {
 
 TEST(FieldHashes, TunedFormatsKeepEveryByteOfAHundredThousandFields) {
     for (const HeldFormat& held : TUNED_FORMATS) {
-        const kivodt::FormatEntry* entry = kivodt::findFormat(held.name);
+        const kivoconvert::FormatEntry* entry = kivoconvert::findFormat(held.name);
         ASSERT_NE(entry, nullptr) << held.name;
         EXPECT_EQ(hashFields(*entry, 100000), held.hash) << held.name;
     }
@@ -58,7 +58,7 @@ TEST(FieldHashes, TunedFormatsKeepEveryByteOfAHundredThousandFields) {
 
 TEST(FieldHashes, EveryCatalogFormatKeepsEveryByte) {
     std::uint64_t hash = 0;
-    for (const kivodt::FormatEntry& entry : kivodt::formatCatalog()) {
+    for (const kivoconvert::FormatEntry& entry : kivoconvert::formatCatalog()) {
         hash = hash * 31 + hashFields(entry, 5000);
     }
     EXPECT_EQ(hash, 0x43D414E82248ECD0ULL);

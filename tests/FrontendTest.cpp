@@ -1,8 +1,15 @@
 // The kivodt front end: its command line (options before or after the command word, values after SPEC,
-// refusals), specs, values, and the runner's streaming and field rules.
+// refusals), the line reader (lines cut wherever the reads end, lines over the limit named and skipped,
+// a failed read ending the input after the last whole line) and the line runner's messages and outputs,
+// with a long line streamed past in bounded memory.
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstring>
 #include <map>
@@ -12,11 +19,8 @@
 
 #include "RunCapture.h"
 #include "kivodt/CommandLine.h"
-#include "kivodt/InputLines.h"
+#include "kivodt/LineReader.h"
 #include "kivodt/Runner.h"
-#include "kivodt/Spec.h"
-#include "kivodt/Values.h"
-#include "kivox/Missing.h"
 
 namespace {
 
@@ -92,174 +96,153 @@ TEST(KivodtCommandLine, BadCommandLinesAreNamed) {
     for (const auto& [arguments, meaning] : cases) EXPECT_EQ(meaningOf(arguments), meaning);
 }
 
-TEST(KivodtSpec, ParsesNameWidthAndDecimals) {
-    // What the text means as "name width(if given).decimals", or "refused".
-    const std::pair<const char*, const char*> cases[] = {
-        {"DATE9.", "DATE 9.0"}, {"date9", "DATE 9.0"}, {"TIME12.3", "TIME 12.3"}, {"DATE", "DATE .0"},
-        {"Date.", "DATE .0"},   {"12.3", " 12.3"},     {"", "refused"},           {"9DATE", "refused"},
-        {"DATE9.x", "refused"}, {"DATE 9", "refused"}, {"DATE99999", "refused"},  {".3", "refused"},
-    };
-    for (const auto& [text, meaning] : cases) {
-        kivodt::SpecText spec;
-        std::string error;
-        const bool parsed = kivodt::parseSpecText(text, spec, error);
-        EXPECT_EQ(parsed ? spec.name + " " + (spec.hasWidth ? std::to_string(spec.width) : "") + "." +
-                               std::to_string(spec.decimals)
-                         : "refused",
-                  meaning)
-            << text;
-        EXPECT_EQ(error.empty(), parsed) << text;
-    }
-}
-
-TEST(KivodtSpec, ResolvesAgainstTheCatalogLimits) {
-    struct Case { const char* text; bool ok; int width; const char* errorPart; };
-    const Case cases[] = {
-        {"DATE", true, 7, ""}, {"date11.", true, 11, ""}, {"DATE4.", false, 0, "DATE: widths 5-11 (default 7)"},
-        {"DATE9.2", false, 0, "decimals 0-0"}, {"YEAR8.2", true, 8, ""}, {"YEAR4.4", false, 0, "decimals 0-3"},
-        {"DATX9.", false, 0, "did you mean DATE, DAY"}, {"MONTHNAME", false, 0, "MONNAME"},
-    };
-    for (const Case& c : cases) {
-        kivodt::ResolvedSpec<kivodt::FormatEntry> resolved;
-        std::string error;
-        ASSERT_EQ(kivodt::resolveFormat(c.text, resolved, error), c.ok) << c.text << ": " << error;
-        EXPECT_TRUE(c.ok ? resolved.width == c.width : error.find(c.errorPart) != std::string::npos) << c.text;
-    }
-}
-
-// A value read and printed back: the shortest decimal that reads back to the same double, or the
-// missing notation; "refused" for a text that is neither.
-TEST(KivodtValues, ReadAndPrintedBack) {
-    const std::pair<const char*, const char*> cases[] = {
-        {" 22356 ", "22356"}, {"+1.5e3", "1500"}, {"-0.25", "-0.25"}, {"-5400", "-5400"}, {"37815.25", "37815.25"},
-        {"0.1", "0.1"},       {".", "."},          {"._", "._"},        {".k", ".K"},       {"", "refused"},
-        {"abc", "refused"},   {"12x", "refused"},  {"+-1", "refused"},  {"..", "refused"}, {"1 2", "refused"},
-    };
-    for (const auto& [text, printed] : cases) {
-        double value = 0;
-        char out[32];
-        EXPECT_EQ(kivodt::parseValue(text, value) ? std::string(out, kivodt::printValue(value, out)) : "refused",
-                  printed)
-            << text;
-    }
-}
-
-TEST(KivodtValues, MessagesShowTextsEscapedAndCut) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"abc", "\"abc\""}, {std::string("a\0b", 3), "\"a\\x00b\""}, {"say \"hi\"\\", "\"say \\\"hi\\\"\\\\\""},
-        {"\t\r\x7F\xC9", "\"\\t\\x0d\\x7f\\xc9\""}, {std::string(60, 'x'), '"' + std::string(60, 'x') + '"'},
-        {std::string(10'000'000, 'x'), '"' + std::string(60, 'x') + "\"... (10000000 bytes)"},
-    };
-    for (const auto& [text, shown] : cases) EXPECT_EQ(kivodt::quotedForMessage(text), shown);
-}
-
+using kivodt::LineReader;
+using kivodt::test::BytesSource;
 using kivodt::test::Captured;
 using kivodt::test::capture;
-using kivodt::test::fileWith;
 
-TEST(KivodtRunner, StreamsStandardInputAndNamesBadLinesAndLinesOverTheLimit) {
-    const auto spec = kivodt::test::format("DATE9.");
-    const Captured run = capture("0\r\n22356\nnope\n.\n-17321", [&](const kivodt::Streams& streams) {
-        return kivodt::runFormat(spec, {}, {}, streams);
-    });
-    EXPECT_EQ(run.status, kivodt::EXIT_BAD_INPUT);
-    EXPECT_EQ(run.out, "01JAN1960\n17MAR2021\n        .\n30JUL1912\n");
-    EXPECT_NE(run.err.find("line 3"), std::string::npos) << run.err;
-    const Captured longLine = capture("0\n000001\n1\n", [&](const kivodt::Streams& streams) {
-        return kivodt::runFormat(spec, {}, {.maxLineLength = 5}, streams);
-    });
-    EXPECT_EQ(longLine.status, kivodt::EXIT_BAD_INPUT);
-    EXPECT_EQ(longLine.out, "01JAN1960\n02JAN1960\n");
-    EXPECT_EQ(longLine.err, "kivodt: line 2: longer than 5 bytes\n");
-}
-
-TEST(KivodtRunner, StopsAtAFailedWriteOrReadAndSaysWhy) {
-    const auto spec = kivodt::test::format("DATE9.");
-    std::string manyLines;
-    for (int i = 0; i < 100'000; ++i) manyLines += "0\n";
-    std::FILE* full = std::fopen("/dev/full", "w");
-    ASSERT_NE(full, nullptr);
-    const Captured unwritten = capture(manyLines + "bad\n", [&](kivodt::Streams streams) {
-        streams.out = full;
-        return kivodt::runFormat(spec, {}, {}, streams);
-    });
-    std::fclose(full);
-    EXPECT_EQ(unwritten.status, kivodt::EXIT_STREAM_FAILED);
-    // The run stopped at the failure: the bad last line was never reached.
-    EXPECT_EQ(unwritten.err, "kivodt: cannot write standard output: No space left on device\n");
-
-    std::FILE* directory = std::fopen("/", "r");
-    ASSERT_NE(directory, nullptr);
-    const Captured unread = capture("", [&](kivodt::Streams streams) {
-        streams.in = directory;
-        return kivodt::runFormat(spec, {}, {}, streams);
-    });
-    std::fclose(directory);
-    EXPECT_EQ(unread.status, kivodt::EXIT_STREAM_FAILED);
-    EXPECT_EQ(unread.err, "kivodt: cannot read standard input: Is a directory\n");
-}
-
-// The lines InputLines gives for input, each followed by "|"; "<long>" for one over the limit.
-std::string linesOf(const std::string& input, std::size_t limit, std::size_t chunkBytes) {
-    std::FILE* in = fileWith(input);
-    kivodt::InputLines lines({}, in, limit, chunkBytes);
+// What a reader gives, a text a line: "text|", "<long N "start">|" for one over the limit, and "!" for
+// a failed read. No block holds more than the limit's texts.
+std::string readerGives(LineReader& reader) {
     std::string seen;
-    std::string_view line;
-    using Next = kivodt::InputLines::Next;
-    for (Next next = lines.next(line); next == Next::LINE || next == Next::TOO_LONG; next = lines.next(line)) {
-        seen += next == Next::TOO_LONG ? "<long>|" : std::string(line) + "|";
-    }
-    std::fclose(in);
-    return seen;
-}
-
-TEST(KivodtInputLines, LinesOverTheLimitAreSkippedWhereverTheChunksEnd) {
-    // The "\r" before the end of a line does not count.
-    const std::pair<const char*, const char*> cases[] = {
-        {"abcd\nabcde\nab\r\n\nx", "abcd|<long>|ab||x|"}, {"abcd\r\nabcd\r", "abcd|abcd|"}, {"abcd\r\r\n", "<long>|"},
-        {"abcdefghijklmnop\nab", "<long>|ab|"},          {"", ""},                        {"\n\n", "||"}};
-    for (const auto& [input, lines] : cases) {
-        for (std::size_t chunkBytes = 1; chunkBytes <= 8; ++chunkBytes) {
-            EXPECT_EQ(linesOf(input, 4, chunkBytes), lines) << '"' << input << "\" in chunks of " << chunkBytes;
+    for (LineReader::Next next = reader.next();; next = reader.next()) {
+        if (next == LineReader::Next::BLOCK) {
+            EXPECT_LE(reader.block().size(), 2u);
+            for (std::string_view text : reader.block()) seen += std::string(text) + "|";
+        } else if (next == LineReader::Next::TOO_LONG) {
+            seen += "<long " + std::to_string(reader.tooLongNumber()) + " " +
+                    kivoconvert::quotedStart(reader.tooLongStart()) + ">|";
+        } else {
+            return seen + (next == LineReader::Next::READ_FAILED ? "!" : "");
         }
     }
 }
 
-// An informat that shows what it was given: the field, its width and the two middle arguments.
-std::string lastField;
-int lastLength, lastDecimals;
-int recordingInformat(const char* text, int width, int length, int decimals, double* result) {
-    lastField.assign(text, static_cast<std::size_t>(width));
-    lastLength = length, lastDecimals = decimals;
-    *result = width + 0.5;  // stored for a rejected text too: the runner must not print it
-    return lastField != "bad";
+constexpr LineReader::Limits SMALL{.maxLine = 4, .chunkBytes = 3, .maxTexts = 2};
+
+TEST(KivodtLineReader, CutsLinesAndSkipsThoseOverTheLimitWhereverTheReadsEnd) {
+    // The "\r" before the end of a line does not count; a lone "\r" is a byte of the line.
+    const std::pair<const char*, const char*> cases[] = {
+        {"abcd\nabcde\nab\r\n\nx", "abcd|<long 2 \"abcde\">|ab||x|"},
+        {"abcd\r\nabcd\r", "abcd|abcd|"},
+        {"abcd\r\r\n", "<long 1 \"abcd\\x0d\">|"},
+        {"abcdefghijklmnop\nab", "<long 1 \"abcde\">|ab|"},
+        {"a\rb\rc", "<long 1 \"a\\x0db\\x0dc\">|"},  // no "\n" at all: one line
+        {"", ""},
+        {"\n\n", "||"},
+    };
+    for (const auto& [input, texts] : cases) {
+        for (std::size_t piece = 1; piece <= 8; ++piece) {
+            BytesSource source(input, piece);
+            LineReader reader(source, SMALL);
+            EXPECT_EQ(readerGives(reader), texts) << '"' << input << "\" in reads of " << piece;
+        }
+    }
+    const std::string_view arguments[] = {"a", "abcde", "", "abcd"};
+    LineReader fromArguments(arguments, SMALL);
+    EXPECT_EQ(readerGives(fromArguments), "a|<long 2 \"abcde\">||abcd|");
 }
 
-TEST(KivodtRunner, InformatFieldIsTheFirstWidthBytesOfTheText) {
-    const kivodt::InformatEntry entry{"RECORD", "", recordingInformat, {1, 32, 8, kivodt::Decimals::PASSED_THROUGH},
-                                      kivodt::ValueKind::DAY};
-    struct Case { int width; bool widthGiven; const char* text; const char* field; const char* printed; };
-    const Case cases[] = {{4, true, "15JAN2000", "15JA", "4.5\n"}, {12, true, "15JAN2000", "15JAN2000", "9.5\n"},
-                          {8, false, "15JAN2000", "15JAN2000", "9.5\n"}, {3, true, "bad", "bad", "invalid\n"}};
-    for (const Case& c : cases) {
-        const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, c.width, 2, c.widthGiven};
-        const std::string_view texts[] = {c.text};
-        const Captured run = capture("", [&](const kivodt::Streams& streams) {
-            return kivodt::runInformat(spec, texts, {}, streams);
-        });
-        EXPECT_EQ(lastField, c.field) << c.text;
-        EXPECT_EQ(lastLength, static_cast<int>(std::strlen(c.text))) << c.text;
-        EXPECT_EQ(lastDecimals, 2);
-        EXPECT_EQ(run.out, c.printed) << c.text;
-        EXPECT_EQ(run.status, std::string(c.printed) == "invalid\n" ? kivodt::EXIT_BAD_INPUT : kivodt::EXIT_OK);
+TEST(KivodtLineReader, AFailedReadEndsTheInputAfterTheLastWholeLine) {
+    const std::string input = "ab\r\n\nabc\nxyz\nq";
+    for (std::size_t failAt = 0; failAt <= input.size(); ++failAt) {
+        const std::size_t newline = failAt == 0 ? std::string::npos : input.rfind('\n', failAt - 1);
+        BytesSource whole(newline == std::string::npos ? "" : input.substr(0, newline + 1));
+        LineReader wholeLines(whole, SMALL);
+        const std::string before = readerGives(wholeLines);
+        BytesSource failing(input, 2, failAt);
+        LineReader reader(failing, SMALL);
+        EXPECT_EQ(readerGives(reader), before + "!") << "failing at byte " << failAt;
     }
-    const kivodt::ResolvedSpec<kivodt::InformatEntry> spec{&entry, 8, 0, false};
-    const Captured hex = capture("4142FF00\nzz\n", [&](const kivodt::Streams& streams) {
-        return kivodt::runInformat(spec, {}, {.hex = true}, streams);
+}
+
+// A run of `kivodt` over input with the given options.
+Captured runOver(const std::string& input, const kivoconvert::Conversion& conversion,
+                 const kivodt::RunOptions& options = {}) {
+    BytesSource source(input);
+    LineReader reader(source);
+    return capture([&](const kivodt::OutputStreams& streams) {
+        return kivodt::runLines(conversion, reader, options, streams);
     });
-    EXPECT_EQ(lastField, std::string("AB\xFF\0", 4));
-    EXPECT_EQ(hex.out, "4.5\n");
-    EXPECT_EQ(hex.status, kivodt::EXIT_BAD_INPUT);
+}
+
+TEST(KivodtRunner, NamesEachTextItCannotUseAndGoesOn) {
+    using kivoconvert::Conversion;
+    const Conversion date = Conversion::formatting(kivodt::test::format("DATE9."), {});
+    EXPECT_EQ(runOver("0\r\n22356\nnope\n.\n\n  \n-17321", date),
+              (Captured{1, "01JAN1960\n17MAR2021\n         \n        .\n\n  \n30JUL1912\n",
+                        "kivodt: line 3: not a number or missing value: \"nope\"\n"}));
+    const Conversion read = Conversion::reading(kivodt::test::informat("DATE9."), {});
+    EXPECT_EQ(runOver("15JAN2000\n17XYZ2021\n", read),
+              (Captured{1, "14624\ninvalid\n", "kivodt: line 2: not read by DATE: \"17XYZ2021\"\n"}));
+    Conversion convert;
+    std::string error;
+    ASSERT_TRUE(Conversion::converting(kivodt::test::informat("YYMMDD10."), kivodt::test::format("DATE11."), {},
+                                       convert, error));
+    EXPECT_EQ(runOver("2021-03-17\n 2021-03-17\n", convert, {.keep = true}),
+              (Captured{1, "17-MAR-2021\n 2021-03-17\n",
+                        "kivodt: line 2: 1 byte past the width 10: give a wider width or none: \" 2021-03-17\"\n"}));
+}
+
+TEST(KivodtRunner, StopsAtAFailedWriteOrReadAndSaysWhy) {
+    const kivoconvert::Conversion date = kivoconvert::Conversion::formatting(kivodt::test::format("DATE9."), {});
+    std::string manyLines;
+    for (int i = 0; i < 100'000; ++i) manyLines += "0\n";
+    std::FILE* full = std::fopen("/dev/full", "w");
+    ASSERT_NE(full, nullptr);
+    BytesSource many(manyLines + "bad\n");
+    LineReader lines(many);
+    const int status = kivodt::runLines(date, lines, {}, {full, stderr});
+    std::fclose(full);
+    EXPECT_EQ(status, kivodt::EXIT_STREAM_FAILED);
+    // The whole lines before the failed read, and then the one line that names it.
+    BytesSource failing("22356\n0\n1234", 1 << 20, 11);
+    LineReader reader(failing);
+    EXPECT_EQ(capture([&](const kivodt::OutputStreams& streams) { return kivodt::runLines(date, reader, {}, streams); }),
+              (Captured{1, "17MAR2021\n01JAN1960\n", "kivodt: cannot read standard input: Input/output error\n"}));
+}
+
+// Runs kivodt with its standard input from `input` and returns its peak resident size in KiB, from the
+// child's own resource usage. posix_spawn starts the child without a copy of this test's pages, so the
+// peak is kivodt's alone.
+long peakResidentKiB(std::FILE* input, std::vector<const char*> arguments) {
+    std::rewind(input);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, fileno(input), STDIN_FILENO);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    arguments.insert(arguments.begin(), KIVODT_PATH);
+    arguments.push_back(nullptr);
+    pid_t child = 0;
+    EXPECT_EQ(posix_spawn(&child, KIVODT_PATH, &actions, nullptr, const_cast<char* const*>(arguments.data()), environ), 0);
+    posix_spawn_file_actions_destroy(&actions);
+    int status = 0;
+    rusage usage{};
+    EXPECT_EQ(wait4(child, &status, 0, &usage), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << "status " << status;  // the long line is named
+    return usage.ru_maxrss;
+}
+
+TEST(KivodtMemory, ALineOfAnyLengthStreamsPast) {
+#ifdef KIVO_SANITIZED
+    GTEST_SKIP() << "the sanitizers' own memory would swamp the figure";
+#endif
+    std::FILE* input = std::tmpfile();
+    const std::string piece(1 << 20, '7');
+    std::fputs("1\n", input);
+    for (int i = 0; i < 64; ++i) std::fwrite(piece.data(), 1, piece.size(), input);
+    std::fputs("\n2\n", input);
+    std::fflush(input);
+    for (const char* command : {"format", "informat", "convert"}) {
+        for (const char* threads : {"1", "2"}) {
+            std::vector<const char*> arguments = {"--threads", threads, command, "YYMMDD10."};
+            if (std::string_view(command) == "format") arguments.back() = "DATE9.";
+            if (std::string_view(command) == "convert") arguments.push_back("DATE9.");
+            EXPECT_LT(peakResidentKiB(input, arguments), 16 << 10) << command << " on " << threads << " threads";
+        }
+    }
+    std::fclose(input);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 // made of; then those readers that are parts of a field, each on its own (what it accepts, the value it
 // gives, how far it moves the cursor, on an exactly-sized heap block so that a read past it shows); then
 // round trips: a format's field read back by the informat of the same layout gives the value again, to
-// the resolution the field shows (the pairs are looked up in kivodt's catalog by name, so that a pair
+// the resolution the field shows (the pairs are looked up in the engine's catalog by name, so that a pair
 // whose format is not built yet is skipped rather than failed; two-digit years hold only the hundred
 // years from the cutoff, which each informat's table reads and the host's tests hold). Last the machine
 // forms on their bytes (given as hex pairs) and the week dates on their texts, and the packed and week
@@ -27,8 +27,8 @@
 #include "kivo/Informats.h"
 #include "kivo/LogTimeInformat.h"
 #include "kivo/WeekInformats.h"
-#include "kivodt/Catalog.h"
-#include "kivodt/Values.h"
+#include "kivoconvert/Catalog.h"
+#include "kivoconvert/Values.h"
 #include "kivox/Missing.h"
 
 namespace {
@@ -156,7 +156,7 @@ TEST_F(TextInformats, ReadTheirLayoutsAndRejectTheRest) {
 TEST_F(TextInformats, MissingNotationAcrossTheFamily) {
     const double missing[] = {kivo::lum_numeric::MISSING, kivo::lum_numeric::MISSING__,
                               kivo::lum_numeric::specialMissing('A')};
-    for (const kivodt::InformatEntry& entry : kivodt::textInformatEntries()) {
+    for (const kivoconvert::InformatEntry& entry : kivoconvert::textInformatEntries()) {
         const bool rejects = entry.name == "YYQ" || entry.name == "HHMMSS";
         int k = 0;
         for (const char* notation : {" . ", "._", ".a"}) {
@@ -361,8 +361,8 @@ protected:
 
 TEST_P(TextInformatRoundTrip, ReadsBackWhatTheFormatWrote) {
     const RoundTrip& trip = GetParam();
-    const kivodt::FormatEntry* format = kivodt::findFormat(trip.format);
-    const kivodt::InformatEntry* informat = kivodt::findInformat(trip.informat);
+    const kivoconvert::FormatEntry* format = kivoconvert::findFormat(trip.format);
+    const kivoconvert::InformatEntry* informat = kivoconvert::findInformat(trip.informat);
     ASSERT_NE(informat, nullptr) << trip.informat;
     if (format == nullptr) GTEST_SKIP() << "the " << trip.format << " format is not in the catalog yet";
     const int first = std::max({trip.minWidth, format->limits.minWidth, informat->limits.minWidth});
@@ -372,7 +372,7 @@ TEST_P(TextInformatRoundTrip, ReadsBackWhatTheFormatWrote) {
     for (int width = first; width <= last; ++width) {
         for (int i = 0; i < VALUES_PER_WIDTH; ++i) {
             const double value = source.next();
-            char field[kivodt::MAX_FIELD];
+            char field[kivoconvert::MAX_FIELD];
             format->function(field, width, trip.decimals, value);
             const std::string text(field, static_cast<std::size_t>(width));
             const kivo::test::InformatReading reading = kivo::test::readField(informat->function, text);
@@ -385,7 +385,7 @@ TEST_P(TextInformatRoundTrip, ReadsBackWhatTheFormatWrote) {
 // The pairs of one layout; the widths are those at which the field carries the whole value (four-digit
 // years, seconds shown), cut to what both entries accept.
 // clang-format off
-constexpr int MAX = kivodt::MAX_FIELD;
+constexpr int MAX = kivoconvert::MAX_FIELD;
 const RoundTrip ROUND_TRIPS[] = {
     {"DATE", "DATE", 9, 11, 0, Values::DAYS}, {"DDMMYY", "DDMMYY", 10, 10, 0, Values::DAYS},
     {"DDMMYY", "DDMMYYB", 10, 10, 0, Values::DAYS}, {"DDMMYY", "DDMMYYC", 10, 10, 0, Values::DAYS},
@@ -484,7 +484,7 @@ TEST_F(MachineWeekInformats, ReadTheirFieldsAndRejectTheRest) {
     for (const Informat& table : TABLE) {
         for (const Field& row : table.fields) {
             std::string bytes = row.field;
-            ASSERT_TRUE(!table.hex || kivodt::decodeHex(row.field, bytes)) << row.field;
+            ASSERT_TRUE(!table.hex || kivoconvert::decodeHex(row.field, bytes)) << row.field;
             const kivo::test::InformatReading reading = readField(table.informat, bytes);
             kivo::test::expectReading(reading, row.expected, std::string(table.name) + " " + row.field);
         }

@@ -213,7 +213,7 @@ void checkLayout(Layout layout, int seed) {
     }
 }
 
-// Every layout, over many random values and every width the front end offers: the field is exactly
+// Every layout, over many random values and every width the engine offers: the field is exactly
 // `width` characters, and what it shows, read back, lies within half a unit of its last digit (or of
 // the last significant digit, when a wide field pads the digits with zeros).
 TEST(NumericLayoutsProperty, FieldsShowTheValueToTheirLastDigit) {

@@ -2,35 +2,55 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
+#include "kivoconvert/Spec.h"
+#include "kivodt/InputSource.h"
 #include "kivodt/Runner.h"
 
-// The front end's tests: specs resolved, temporary files as streams, and what a run wrote.
+// The front ends' tests: specs resolved, inputs that fail where a test says, and what a run wrote.
 namespace kivodt::test {
 
 // The spec resolved against the catalog; the test fails when it is refused.
-inline ResolvedSpec<FormatEntry> format(const char* text) {
-    ResolvedSpec<FormatEntry> spec;
+inline kivoconvert::ResolvedSpec<kivoconvert::FormatEntry> format(const char* text) {
+    kivoconvert::ResolvedSpec<kivoconvert::FormatEntry> spec;
     std::string error;
-    EXPECT_TRUE(resolveFormat(text, spec, error)) << error;
+    EXPECT_TRUE(kivoconvert::resolveFormat(text, spec, error)) << error;
     return spec;
 }
-inline ResolvedSpec<InformatEntry> informat(const char* text) {
-    ResolvedSpec<InformatEntry> spec;
+inline kivoconvert::ResolvedSpec<kivoconvert::InformatEntry> informat(const char* text) {
+    kivoconvert::ResolvedSpec<kivoconvert::InformatEntry> spec;
     std::string error;
-    EXPECT_TRUE(resolveInformat(text, spec, error)) << error;
+    EXPECT_TRUE(kivoconvert::resolveInformat(text, spec, error)) << error;
     return spec;
 }
 
-// A temporary file holding text, ready to be read from the start.
-inline std::FILE* fileWith(const std::string& text) {
-    std::FILE* file = std::tmpfile();
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::rewind(file);
-    return file;
-}
+// Bytes handed out in reads of at most `piece` bytes; with failAt, a read that reaches that byte gives
+// the bytes before it and fails with EIO.
+class BytesSource final : public InputSource {
+public:
+    explicit BytesSource(std::string bytes, std::size_t piece = 1 << 20, std::size_t failAt = std::string::npos)
+        : bytes_(std::move(bytes)), piece_(piece), failAt_(std::min(failAt, bytes_.size())),
+          fails_(failAt != std::string::npos) {}
+
+    ReadResult read(char* buffer, std::size_t size) override {
+        const std::size_t last = fails_ ? failAt_ : bytes_.size();
+        const std::size_t count = std::min({size, piece_, last - at_});
+        std::memcpy(buffer, bytes_.data() + at_, count);
+        at_ += count;
+        return {count, at_ == last, at_ == last && fails_ ? EIO : 0};
+    }
+
+private:
+    std::string bytes_;
+    std::size_t piece_, failAt_;
+    bool fails_;
+    std::size_t at_ = 0;
+};
 
 inline std::string readAll(std::FILE* file) {
     std::rewind(file);
@@ -46,16 +66,15 @@ struct Captured {
     int status;
     std::string out;
     std::string err;
+    bool operator==(const Captured&) const = default;
 };
 
-// Runs run(streams) with input on its standard input and captures what it writes.
+// Runs run(streams) and captures what it writes.
 template <class Run>
-Captured capture(const std::string& input, Run run) {
-    std::FILE* in = fileWith(input);
+Captured capture(Run run) {
     std::FILE* out = std::tmpfile();
     std::FILE* err = std::tmpfile();
-    const int status = run(Streams{in, out, err});
-    std::fclose(in);
+    const int status = run(OutputStreams{out, err});
     return {status, readAll(out), readAll(err)};
 }
 

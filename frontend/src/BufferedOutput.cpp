@@ -5,11 +5,6 @@
 
 namespace kivodt {
 
-void BufferedOutput::line(const char* bytes, std::size_t size) {
-    write(bytes, size);
-    write("\n", 1);
-}
-
 bool BufferedOutput::flush() {
     writeHeld();
     if (!failed()) {
@@ -21,20 +16,20 @@ bool BufferedOutput::flush() {
     return !failed();
 }
 
-void BufferedOutput::write(const char* bytes, std::size_t size) {
-    if (used_ + size > sizeof buffer_) {
+void BufferedOutput::write(std::string_view bytes) {
+    if (used_ + bytes.size() > BUFFER_BYTES) {
         writeHeld();
     }
-    if (size > sizeof buffer_) {
-        writeThrough(bytes, size);
+    if (bytes.size() > BUFFER_BYTES) {
+        writeThrough(bytes.data(), bytes.size());
         return;
     }
-    std::memcpy(buffer_ + used_, bytes, size);
-    used_ += size;
+    std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+    used_ += bytes.size();
 }
 
 void BufferedOutput::writeHeld() {
-    writeThrough(buffer_, used_);
+    writeThrough(buffer_.get(), used_);
     used_ = 0;
 }
 

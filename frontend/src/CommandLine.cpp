@@ -1,6 +1,6 @@
 #include "kivodt/CommandLine.h"
 
-#include "kivodt/Values.h"
+#include "kivoconvert/Notes.h"
 
 namespace kivodt {
 
@@ -52,7 +52,7 @@ bool takeOptions(std::span<const std::string_view> arguments, std::size_t& next,
     for (; next < arguments.size() && arguments[next].starts_with("--"); ++next) {
         const CommandLineOption* option = findOption(arguments[next]);
         if (option == nullptr) {
-            error = "unknown option " + quotedForMessage(arguments[next]);
+            error = "unknown option " + kivoconvert::quotedForMessage(arguments[next]);
             return false;
         }
         if (!option->takesArgument()) {
@@ -90,7 +90,7 @@ bool takeSpecs(std::span<const std::string_view> arguments, std::size_t& next, C
 }
 
 std::string refusal(std::string_view name, const char* allowed, std::string_view text) {
-    return std::string(name) + " takes " + allowed + ", not " + quotedForMessage(text);
+    return std::string(name) + " takes " + allowed + ", not " + kivoconvert::quotedForMessage(text);
 }
 
 // One byte that cannot open a quoted field or end a record; "tab" for a tab.
@@ -125,7 +125,7 @@ bool parseCommandLine(std::span<const std::string_view> arguments, CommandLine& 
     }
     line.command = arguments[next++];
     if (!isCommand(line.command)) {
-        error = "unknown command " + quotedForMessage(line.command);
+        error = "unknown command " + kivoconvert::quotedForMessage(line.command);
         return false;
     }
     if (!takeOptions(arguments, next, line, error)) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "kivodt/Values.h"
+#include "kivoconvert/Notes.h"
 
 namespace kivodt {
 
@@ -21,13 +21,13 @@ bool parseChoice(std::string_view item, bool header, ColumnChoice& choice, std::
     if (!allDigits(item)) {
         choice = {0, item};
         if (!header) {
-            error = "--csv: column " + quotedForMessage(item) + " is a name, and with --no-header there are none";
+            error = "--csv: column " + kivoconvert::quotedForMessage(item) + " is a name, and with --no-header there are none";
         }
         return header;
     }
     const auto [end, status] = std::from_chars(item.data(), item.data() + item.size(), choice.number);
     if (status != std::errc() || choice.number == 0) {
-        error = "--csv: columns are numbered from 1, not " + quotedForMessage(item);
+        error = "--csv: columns are numbered from 1, not " + kivoconvert::quotedForMessage(item);
         return false;
     }
     return true;
@@ -39,7 +39,7 @@ std::string theColumns(std::span<const std::string> names, std::size_t fieldCoun
     }
     std::string listed = "the columns are";
     for (std::size_t i = 0; i < names.size(); ++i) {
-        listed += (i == 0 ? " " : ", ") + std::to_string(i + 1) + " " + quotedForMessage(names[i]);
+        listed += (i == 0 ? " " : ", ") + std::to_string(i + 1) + " " + kivoconvert::quotedForMessage(names[i]);
     }
     return listed;
 }
@@ -70,7 +70,7 @@ bool resolveColumns(std::span<const ColumnChoice> choices, std::span<const std::
             const auto found = std::find(names.begin(), names.end(), choice.name);
             if (found == names.end()) {
                 error =
-                    "no column " + quotedForMessage(choice.name) + " in the header; " + theColumns(names, fieldCount);
+                    "no column " + kivoconvert::quotedForMessage(choice.name) + " in the header; " + theColumns(names, fieldCount);
                 return false;
             }
             indexes.push_back(static_cast<std::size_t>(found - names.begin()));

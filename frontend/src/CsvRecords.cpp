@@ -1,11 +1,8 @@
 #include "kivodt/CsvRecords.h"
 
-
-#include "kivodt/StreamReading.h"
-
 namespace kivodt {
 
-CsvRecords::CsvRecords(std::FILE* in, char delimiter, std::size_t maxRecordLength, std::size_t chunkBytes)
+CsvRecords::CsvRecords(InputSource& in, char delimiter, std::size_t maxRecordLength, std::size_t chunkBytes)
     : in_(in), delimiter_(delimiter), maxRecordLength_(maxRecordLength), chunk_(chunkBytes) {}
 
 CsvRecords::Next CsvRecords::next(CsvRecord& record) {
@@ -152,10 +149,12 @@ bool CsvRecords::refill() {
     if (streamEnded_) {
         return false;
     }
-    const std::size_t got = readSome(in_, chunk_.data(), chunk_.size(), streamEnded_, readError_);
+    const ReadResult got = in_.read(chunk_.data(), chunk_.size());
+    streamEnded_ = got.ended;
+    readError_ = got.error;
     next_ = chunk_.data();
-    end_ = next_ + got;
-    return got > 0;
+    end_ = next_ + got.bytes;
+    return got.bytes > 0;
 }
 
 }  // namespace kivodt

@@ -4,20 +4,19 @@
 #include <string>
 #include <vector>
 
+#include "kivoconvert/Notes.h"
 #include "kivodt/BufferedOutput.h"
-#include "kivodt/ConvertedFields.h"
 #include "kivodt/CsvFieldText.h"
 #include "kivodt/CsvRecords.h"
 #include "kivodt/CsvRowBlock.h"
-#include "kivodt/Values.h"
 
 namespace kivodt {
 
 namespace {
 
-bool onlyBlanks(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return c == ' '; });
-}
+using kivoconvert::Conversion;
+using kivoconvert::ConvertedBlock;
+using kivoconvert::Note;
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
@@ -32,17 +31,19 @@ struct ChosenColumns {
 };
 
 // Writes blocks of rows back: the chosen fields replaced by their outputs, every other byte as it came.
+// A block's messages follow its rows, as in line mode.
 class CsvWriter {
 public:
-    CsvWriter(const FieldConverter& converter, const CsvOptions& csv, const RunOptions& options,
+    CsvWriter(const Conversion& conversion, const CsvOptions& csv, const RunOptions& options,
               const ChosenColumns& chosen, BufferedOutput& out, std::FILE* err)
-        : converter_(converter), csv_(csv), options_(options), chosen_(chosen), out_(out), err_(err) {}
+        : conversion_(conversion), csv_(csv), options_(options), chosen_(chosen), fanout_(options.threads, nullptr, options.elementsPerRun), out_(out),
+          err_(err) {}
 
     int status() const noexcept { return status_; }
 
     void write(CsvRowBlock& block) {
         texts_ = block.texts();
-        converter_.convert(texts_, converted_, options_.threads);
+        conversion_.convert(texts_, converted_, fanout_);
         for (std::size_t i = 0; i < block.rowCount(); ++i) {
             const CsvRowBlock::Row row = block.row(i);
             if (row.treatment == RowTreatment::CONVERT) {
@@ -53,12 +54,12 @@ public:
             }
         }
         block.clear();
+        flushMessages();
     }
 
     void reportTooLong(const CsvRecord& record) {
-        std::fprintf(err_, "kivodt: row %zu (line %zu): longer than %zu bytes; copied unchanged\n", record.number,
-                     record.line, csv_.maxRecordLength);
-        status_ = EXIT_BAD_INPUT;
+        name(record, "longer than " + std::to_string(csv_.maxRecordLength) + " bytes; copied unchanged");
+        flushMessages();
     }
 
 private:
@@ -75,15 +76,15 @@ private:
 
     // A field with no text stays as it is: that is how a CSV leaves a value out.
     void writeField(const CsvRowBlock::Row& row, std::size_t k, std::string_view original, std::size_t index) {
-        if (onlyBlanks(texts_[index])) {
+        const Note note = converted_.note(index);
+        if (note == Note::LEFT_OUT) {
             out_.write(original);
             return;
         }
-        const FieldProblem problem = converted_.problem(index);
-        if (problem != FieldProblem::NONE) {
-            reportField(row, chosen_.columns[k], problem, texts_[index]);
-            if (options_.keep) {
-                out_.write(original);
+        if (kivoconvert::isNamed(note)) {
+            reportField(row, chosen_.columns[k], conversion_.describe(note, texts_[index]), texts_[index]);
+            if (!kivoconvert::keepsValue(note)) {
+                out_.write(options_.keep ? original : std::string_view());
                 return;
             }
         }
@@ -93,40 +94,51 @@ private:
         out_.write(field_);
     }
 
-    void reportField(const CsvRowBlock::Row& row, std::size_t column, FieldProblem problem, std::string_view text) {
-        std::string name;
+    void reportField(const CsvRowBlock::Row& row, std::size_t column, const std::string& what, std::string_view text) {
+        std::string place = "row " + std::to_string(row.number) + " (line " + std::to_string(row.line) + "), column " +
+                            std::to_string(column + 1);
         if (!chosen_.names.empty()) {
-            name = ' ';
-            name += quotedForMessage(chosen_.names[column]);
+            place += ' ' + kivoconvert::quotedForMessage(chosen_.names[column]);
         }
-        std::fprintf(err_, "kivodt: row %zu (line %zu), column %zu%s: %s: %s\n", row.number, row.line, column + 1,
-                     name.c_str(), converter_.describe(problem).c_str(), quotedForMessage(text).c_str());
+        messages_.append("kivodt: ").append(place).append(": ").append(what).append(": ");
+        messages_.append(kivoconvert::quotedForMessage(text)).append("\n");
         status_ = EXIT_BAD_INPUT;
     }
 
     void reportCopied(const CsvRowBlock::Row& row) {
         if (row.treatment == RowTreatment::RAGGED) {
-            std::fprintf(err_,
-                         "kivodt: row %zu (line %zu): %zu field%s where the first row has %zu; copied unchanged\n",
-                         row.number, row.line, row.fieldCount, row.fieldCount == 1 ? "" : "s", chosen_.fieldCount);
+            name(row, std::to_string(row.fieldCount) + (row.fieldCount == 1 ? " field" : " fields") +
+                          " where the first row has " + std::to_string(chosen_.fieldCount) + "; copied unchanged");
         } else {
-            std::fprintf(err_,
-                         "kivodt: row %zu (line %zu): a quote is not closed before the end of the input; copied "
-                         "unchanged\n",
-                         row.number, row.line);
+            name(row, "a quote is not closed before the end of the input; copied unchanged");
         }
+    }
+
+    template <class Row>
+    void name(const Row& row, const std::string& what) {
+        messages_.append("kivodt: row ").append(std::to_string(row.number)).append(" (line ");
+        messages_.append(std::to_string(row.line)).append("): ").append(what).append("\n");
         status_ = EXIT_BAD_INPUT;
     }
 
-    const FieldConverter& converter_;
+    void flushMessages() {
+        if (!messages_.empty()) {
+            std::fwrite(messages_.data(), 1, messages_.size(), err_);
+            messages_.clear();
+        }
+    }
+
+    const Conversion& conversion_;
     const CsvOptions& csv_;
     const RunOptions& options_;
     const ChosenColumns& chosen_;
+    const kivoconvert::Fanout fanout_;
     BufferedOutput& out_;
     std::FILE* err_;
-    ConvertedFields converted_;
+    ConvertedBlock converted_;
     std::span<const std::string_view> texts_;
     std::string field_;
+    std::string messages_;
     int status_ = EXIT_OK;
 };
 
@@ -150,9 +162,10 @@ bool findColumns(const CsvRecord& first, const CsvOptions& csv, ChosenColumns& c
 
 }  // namespace
 
-int runCsv(const FieldConverter& converter, const CsvOptions& csv, const RunOptions& options, const Streams& streams) {
+int runCsv(const Conversion& conversion, const CsvOptions& csv, const RunOptions& options, InputSource& input,
+           const OutputStreams& streams) {
     BufferedOutput out(streams.out);
-    CsvRecords records(streams.in, csv.delimiter, csv.maxRecordLength);
+    CsvRecords records(input, csv.delimiter, csv.maxRecordLength);
     CsvRecord record;
     CsvRecords::Next next = records.next(record);
     if (next == CsvRecords::Next::END || next == CsvRecords::Next::READ_FAILED) {
@@ -170,8 +183,8 @@ int runCsv(const FieldConverter& converter, const CsvOptions& csv, const RunOpti
         std::fprintf(streams.err, "kivodt: %s\n", error.c_str());
         return EXIT_USAGE;
     }
-    CsvWriter writer(converter, csv, options, chosen, out, streams.err);
-    CsvRowBlock block;
+    CsvWriter writer(conversion, csv, options, chosen, out, streams.err);
+    CsvRowBlock block(csv.blockRows);
     if (csv.header) {
         out.write(record.bytes);
     } else {

@@ -10,12 +10,12 @@
 #include <string_view>
 #include <vector>
 
+#include "kivoconvert/Conversion.h"
+#include "kivoconvert/Notes.h"
 #include "kivodt/CommandLine.h"
 #include "kivodt/CsvRunner.h"
-#include "kivodt/FieldConverter.h"
+#include "kivodt/LineReader.h"
 #include "kivodt/Runner.h"
-#include "kivodt/Spec.h"
-#include "kivodt/Values.h"
 #include "kivox/Services.h"
 
 namespace {
@@ -57,7 +57,7 @@ CSV (RFC 4180 quoting; every byte but the converted fields' is written back as i
   --delimiter C       the field delimiter (default ,), e.g. ";" or tab
   --keep-blanks       keep the leading blanks of the fields written (by default they are dropped)
   --threads N         convert standard input on N threads (default: the online cores; 1 reads line by
-                      line); the output is the same for any N, a line over 4 MiB is named and skipped
+                      line); the output is the same for any N
 A row with another number of fields than the first is named and copied unchanged; an empty field
 stays empty.
 
@@ -88,25 +88,37 @@ int closeStandardOutput(int status, bool failureNamed) {
     return kivodt::EXIT_STREAM_FAILED;
 }
 
-// The converter for a --csv run of any command, or for convert.
-bool makeConverter(const kivodt::CommandLine& line, kivodt::FieldConverter& converter, std::string& error) {
-    kivodt::ResolvedSpec<kivodt::InformatEntry> informat;
-    kivodt::ResolvedSpec<kivodt::FormatEntry> format;
-    const bool hexInput = line.hex || line.hexInput;
-    const bool hexOutput = line.hex || line.hexOutput;
-    if (line.command == "format") {
-        return kivodt::resolveFormat(line.spec, format, error) &&
-               kivodt::FieldConverter::formatting(format, hexOutput, converter, error);
+// A format that writes bytes shows them only as hex pairs; an informat that reads bytes takes them so.
+bool refuseBytesAsText(const kivoconvert::Conversion& conversion, kivoconvert::HexSides hex, std::string& error) {
+    const auto* format = conversion.format().entry;
+    const auto* informat = conversion.informat().entry;
+    if (format != nullptr && format->writesBytes && !hex.output) {
+        error = std::string(format->name) + " writes bytes, not text: run it with --hex or --hex-out";
+    } else if (informat != nullptr && informat->readsBytes() && !hex.input) {
+        error = std::string(informat->name) + " reads bytes, not text: give them as hex pairs with --hex or --hex-in";
     }
-    if (!kivodt::resolveInformat(line.spec, informat, error)) {
+    return !error.empty();
+}
+
+// The conversion the command asks for: format, informat or convert.
+bool makeConversion(const kivodt::CommandLine& line, kivoconvert::Conversion& conversion, std::string& error) {
+    const kivoconvert::HexSides hex{line.hex || line.hexInput, line.hex || line.hexOutput};
+    kivoconvert::ResolvedSpec<kivoconvert::InformatEntry> informat;
+    kivoconvert::ResolvedSpec<kivoconvert::FormatEntry> format;
+    if (line.command == "format") {
+        if (!kivoconvert::resolveFormat(line.spec, format, error)) {
+            return false;
+        }
+        conversion = kivoconvert::Conversion::formatting(format, hex);
+    } else if (!kivoconvert::resolveInformat(line.spec, informat, error)) {
+        return false;
+    } else if (line.command == "informat") {
+        conversion = kivoconvert::Conversion::reading(informat, hex);
+    } else if (!kivoconvert::resolveFormat(line.formatSpec, format, error) ||
+               !kivoconvert::Conversion::converting(informat, format, hex, conversion, error)) {
         return false;
     }
-    if (line.command == "informat") {
-        converter = kivodt::FieldConverter::reading(informat, hexInput);
-        return true;
-    }
-    return kivodt::resolveFormat(line.formatSpec, format, error) &&
-           kivodt::FieldConverter::converting(informat, format, hexInput, hexOutput, converter, error);
+    return !refuseBytesAsText(conversion, hex, error);
 }
 
 // --threads N, or the cores online when it is not given.
@@ -119,45 +131,33 @@ bool threadCount(const kivodt::CommandLine& line, int& threads, std::string& err
     const std::string_view text = *line.threads;
     const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), threads);
     if (problem != std::errc() || end != text.data() + text.size() || threads < 1 || threads > MOST_THREADS) {
-        error = "--threads takes a number from 1 to 256, not " + kivodt::quotedForMessage(text);
+        error = "--threads takes a number from 1 to 256, not " + kivoconvert::quotedForMessage(text);
         return false;
     }
     return true;
 }
 
 int run(const kivodt::CommandLine& line) {
-    const kivodt::Streams streams{stdin, stdout, stderr};
-    const bool hexSide = line.command == "format" ? line.hexOutput : line.hexInput;
-    kivodt::RunOptions options{.hex = line.hex || hexSide, .keep = line.keep};
+    kivodt::RunOptions options{.keep = line.keep};
     kivodt::CsvOptions csv;
     std::vector<kivodt::ColumnChoice> columns;
+    kivoconvert::Conversion conversion;
     std::string error;
-    if (!threadCount(line, options.threads, error)) {
+    if (!threadCount(line, options.threads, error) || !kivodt::csvOptionsOf(line, csv, columns, error) ||
+        !makeConversion(line, conversion, error)) {
         return usageError(error);
     }
-    if (!kivodt::csvOptionsOf(line, csv, columns, error)) {
-        return usageError(error);
+    const kivodt::OutputStreams streams{stdout, stderr};
+    kivodt::StreamSource input(stdin);
+    if (line.csv) {
+        return kivodt::runCsv(conversion, csv, options, input, streams);
     }
-    if (line.csv || line.command == "convert") {
-        kivodt::FieldConverter converter;
-        if (!makeConverter(line, converter, error)) {
-            return usageError(error);
-        }
-        return line.csv ? kivodt::runCsv(converter, csv, options, streams)
-                        : kivodt::runConvert(converter, line.inputs, options, streams);
+    if (!line.inputs.empty()) {
+        kivodt::LineReader arguments(line.inputs, {});
+        return kivodt::runLines(conversion, arguments, options, streams);
     }
-    if (line.command == "format") {
-        kivodt::ResolvedSpec<kivodt::FormatEntry> spec;
-        if (!kivodt::resolveFormat(line.spec, spec, error)) {
-            return usageError(error);
-        }
-        return kivodt::runFormat(spec, line.inputs, options, streams);
-    }
-    kivodt::ResolvedSpec<kivodt::InformatEntry> spec;
-    if (!kivodt::resolveInformat(line.spec, spec, error)) {
-        return usageError(error);
-    }
-    return kivodt::runInformat(spec, line.inputs, options, streams);
+    kivodt::LineReader lines(input);
+    return kivodt::runLines(conversion, lines, options, streams);
 }
 
 }  // namespace

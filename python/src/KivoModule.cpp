@@ -13,9 +13,9 @@
 #include <thread>
 #include <vector>
 
-#include "kivodt/Batch.h"
-#include "kivodt/Catalog.h"
-#include "kivodt/Spec.h"
+#include "kivoconvert/Catalog.h"
+#include "kivoconvert/Conversion.h"
+#include "kivoconvert/Spec.h"
 #include "kivox/OptionSettings.h"
 #include "kivox/Services.h"
 
@@ -23,22 +23,17 @@ namespace py = pybind11;
 
 namespace {
 
-int threadCount(std::size_t values) {
-    // Small arrays are not worth a thread's start.
-    constexpr std::size_t PER_THREAD = 16384;
-    const auto cores = static_cast<std::size_t>(std::max(1u, std::thread::hardware_concurrency()));
-    return static_cast<int>(std::clamp<std::size_t>(values / PER_THREAD, 1, cores));
-}
+int cores() { return static_cast<int>(std::max(1u, std::thread::hardware_concurrency())); }
 
-const char* valueKindName(kivodt::ValueKind kind) {
+const char* valueKindName(kivoconvert::ValueKind kind) {
     switch (kind) {
-        case kivodt::ValueKind::DAY:
+        case kivoconvert::ValueKind::DAY:
             return "day";
-        case kivodt::ValueKind::DATETIME:
+        case kivoconvert::ValueKind::DATETIME:
             return "datetime";
-        case kivodt::ValueKind::TIME:
+        case kivoconvert::ValueKind::TIME:
             return "time";
-        case kivodt::ValueKind::NUMBER:
+        case kivoconvert::ValueKind::NUMBER:
             break;
     }
     return "number";
@@ -64,9 +59,9 @@ private:
 };
 
 template <class Entry>
-kivodt::ResolvedSpec<Entry> resolved(const std::string& spec,
-                                     bool (*resolve)(std::string_view, kivodt::ResolvedSpec<Entry>&, std::string&)) {
-    kivodt::ResolvedSpec<Entry> result;
+kivoconvert::ResolvedSpec<Entry> resolved(const std::string& spec,
+                                     bool (*resolve)(std::string_view, kivoconvert::ResolvedSpec<Entry>&, std::string&)) {
+    kivoconvert::ResolvedSpec<Entry> result;
     std::string error;
     if (!resolve(spec, result, error)) {
         throw py::value_error(error);
@@ -75,7 +70,7 @@ kivodt::ResolvedSpec<Entry> resolved(const std::string& spec,
 }
 
 py::dict describeFormat(const std::string& spec) {
-    const auto format = resolved<kivodt::FormatEntry>(spec, kivodt::resolveFormat);
+    const auto format = resolved<kivoconvert::FormatEntry>(spec, kivoconvert::resolveFormat);
     py::dict d;
     d["name"] = std::string(format.entry->name);
     d["width"] = format.width;
@@ -86,14 +81,14 @@ py::dict describeFormat(const std::string& spec) {
 }
 
 py::dict describeInformat(const std::string& spec) {
-    const auto informat = resolved<kivodt::InformatEntry>(spec, kivodt::resolveInformat);
+    const auto informat = resolved<kivoconvert::InformatEntry>(spec, kivoconvert::resolveInformat);
     py::dict d;
     d["name"] = std::string(informat.entry->name);
     d["width"] = informat.width;
     d["width_given"] = informat.widthGiven;
     d["decimals"] = informat.decimals;
     d["kind"] = valueKindName(informat.entry->kind);
-    d["reads_bytes"] = informat.entry->readsBytes;
+    d["reads_bytes"] = informat.entry->readsBytes();
     return d;
 }
 
@@ -102,7 +97,7 @@ py::dict describeInformat(const std::string& spec) {
 // four-byte characters without the interpreter's lock.
 py::array formatValues(const std::string& spec, py::array_t<double, py::array::c_style | py::array::forcecast> values,
                        std::optional<std::string> missingChar) {
-    const auto format = resolved<kivodt::FormatEntry>(spec, kivodt::resolveFormat);
+    const auto format = resolved<kivoconvert::FormatEntry>(spec, kivoconvert::resolveFormat);
     CallServices services;
     services.set(kivo::settings::MISSING_CHAR, "missing_char", missingChar);
     const auto count = static_cast<std::size_t>(values.size());
@@ -113,9 +108,8 @@ py::array formatValues(const std::string& spec, py::array_t<double, py::array::c
     {
         py::gil_scoped_release unlocked;
         std::string text(count * width, ' ');
-        kivodt::formatBatch(*format.entry, format.width, format.decimals,
-                            std::span<const double>(values.data(), count), text.data(), threadCount(count),
-                            services.locator());
+        kivoconvert::Conversion::formatting(format, {}).write(std::span<const double>(values.data(), count),
+                                                             text.data(), kivoconvert::Fanout(cores(), services.locator()));
         if (bytes) {
             std::copy(text.begin(), text.end(), static_cast<char*>(fields.mutable_data()));
         } else {
@@ -130,7 +124,7 @@ py::array formatValues(const std::string& spec, py::array_t<double, py::array::c
 py::tuple informatTexts(const std::string& spec, const py::bytes& column,
                         py::array_t<std::size_t, py::array::c_style | py::array::forcecast> offsets,
                         std::optional<std::string> datestyle, std::optional<std::string> yearcutoff) {
-    const auto informat = resolved<kivodt::InformatEntry>(spec, kivodt::resolveInformat);
+    const auto informat = resolved<kivoconvert::InformatEntry>(spec, kivoconvert::resolveInformat);
     CallServices services;
     services.set(kivo::settings::DATE_STYLE, "datestyle", datestyle);
     services.set(kivo::settings::YEAR_CUTOFF, "yearcutoff", yearcutoff);
@@ -140,11 +134,18 @@ py::tuple informatTexts(const std::string& spec, const py::bytes& column,
     py::array_t<unsigned char> accepted(static_cast<py::ssize_t>(count));
     {
         py::gil_scoped_release unlocked;
-        const kivodt::TextColumn texts{bytes.data(), std::span<const std::size_t>(offsets.data(), offsets.size())};
-        kivodt::informatBatch(*informat.entry, informat.widthGiven ? informat.width : kivodt::WHOLE_TEXT,
-                              informat.decimals, texts, std::span<double>(results.mutable_data(), count),
-                              std::span<unsigned char>(accepted.mutable_data(), count), threadCount(count),
-                              services.locator());
+        std::vector<std::string_view> texts(count);
+        const std::size_t* at = offsets.data();
+        for (std::size_t i = 0; i < count; ++i) {
+            texts[i] = bytes.substr(at[i], at[i + 1] - at[i]);
+        }
+        std::vector<kivoconvert::Note> notes(count);
+        kivoconvert::Conversion::reading(informat, {}).read(texts, std::span<double>(results.mutable_data(), count),
+                                                            notes, kivoconvert::Fanout(cores(), services.locator()));
+        unsigned char* flags = accepted.mutable_data();
+        for (std::size_t i = 0; i < count; ++i) {
+            flags[i] = kivoconvert::keepsValue(notes[i]) || notes[i] == kivoconvert::Note::LEFT_OUT;
+        }
     }
     return py::make_tuple(results, accepted);
 }
@@ -152,23 +153,23 @@ py::tuple informatTexts(const std::string& spec, const py::bytes& column,
 py::list catalog() {
     py::list rows;
     const auto add = [&rows](const char* kind, const auto& entry) {
-        const kivodt::Limits& limits = entry.limits;
+        const kivoconvert::Limits& limits = entry.limits;
         py::dict row;
         row["kind"] = kind;
         row["name"] = entry.name.empty() ? std::string("w.d") : std::string(entry.name);
         row["min_width"] = limits.minWidth;
         row["max_width"] = limits.maxWidth;
         row["default_width"] = limits.defaultWidth;
-        row["max_decimals"] = kivodt::maxDecimals(limits, kivodt::MAX_FIELD);
+        row["max_decimals"] = kivoconvert::maxDecimals(limits, kivoconvert::MAX_FIELD);
         row["decimals_below_width"] =
-            limits.decimals == kivodt::Decimals::MISSING_POSITION || limits.decimals == kivodt::Decimals::LAYOUT;
+            limits.decimals == kivoconvert::Decimals::MISSING_POSITION || limits.decimals == kivoconvert::Decimals::LAYOUT;
         row["value_kind"] = valueKindName(entry.kind);
         rows.append(row);
     };
-    for (const kivodt::FormatEntry& entry : kivodt::formatCatalog()) {
+    for (const kivoconvert::FormatEntry& entry : kivoconvert::formatCatalog()) {
         add("format", entry);
     }
-    for (const kivodt::InformatEntry& entry : kivodt::informatCatalog()) {
+    for (const kivoconvert::InformatEntry& entry : kivoconvert::informatCatalog()) {
         add("informat", entry);
     }
     return rows;

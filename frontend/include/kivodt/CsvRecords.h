@@ -1,11 +1,12 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdio>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "kivodt/InputSource.h"
 
 namespace kivodt {
 
@@ -38,7 +39,7 @@ public:
     enum class Next { RECORD, PIECE, END, READ_FAILED };
     static constexpr std::size_t CHUNK_BYTES = 1 << 20;
 
-    CsvRecords(std::FILE* in, char delimiter, std::size_t maxRecordLength, std::size_t chunkBytes = CHUNK_BYTES);
+    CsvRecords(InputSource& in, char delimiter, std::size_t maxRecordLength, std::size_t chunkBytes = CHUNK_BYTES);
 
     // RECORD with the next record (valid until the next call); PIECE with the next part of a record longer
     // than the limit, in order, its fields empty (the first piece carries the record's number and line);
@@ -57,7 +58,7 @@ private:
     void describe(CsvRecord& record) const;
     bool refill();
 
-    std::FILE* in_;
+    InputSource& in_;
     char delimiter_;
     std::size_t maxRecordLength_;
     std::vector<char> chunk_;

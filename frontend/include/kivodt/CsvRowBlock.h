@@ -18,8 +18,10 @@ enum class RowTreatment { CONVERT, RAGGED, UNCLOSED_QUOTE };
 // are kept as they came, with where its chosen fields lie in them and the texts those fields hold.
 class CsvRowBlock {
 public:
-    static constexpr std::size_t MAX_ROWS = 4096;
-    static constexpr std::size_t MAX_BYTES = 1 << 20;
+    static constexpr std::size_t MAX_ROWS = 65536;
+    static constexpr std::size_t MAX_BYTES = std::size_t{4} << 20;
+
+    explicit CsvRowBlock(std::size_t maxRows = MAX_ROWS) : maxRows_(maxRows) {}
 
     struct Row {
         std::string_view bytes;
@@ -34,7 +36,7 @@ public:
 
     // columns: the chosen columns' indexes, each below the record's field count when it is converted.
     void add(const CsvRecord& record, RowTreatment treatment, std::span<const std::size_t> columns);
-    bool full() const noexcept { return rows_.size() == MAX_ROWS || bytes_.size() >= MAX_BYTES; }
+    bool full() const noexcept { return rows_.size() >= maxRows_ || bytes_.size() >= MAX_BYTES; }
     std::size_t rowCount() const noexcept { return rows_.size(); }
     Row row(std::size_t i) const;
     std::span<const Field> fields() const noexcept { return fields_; }
@@ -52,6 +54,7 @@ private:
         std::size_t firstField;
     };
 
+    std::size_t maxRows_;
     std::string bytes_;
     std::vector<Kept> rows_;
     std::vector<Field> fields_;  // in their row's bytes
