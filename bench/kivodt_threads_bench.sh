@@ -1,56 +1,82 @@
 #!/bin/sh
-# Whole-process speed of kivodt on standard input with one thread and with two: DATE9. over day serials
-# and ANYDTDTE over texts in mixed layouts, LINES lines each (default 2e7). Prints the wall time, the
-# lines per second and the peak resident size of each run (the median of RUNS runs, default 3).
-# Usage: bench/kivodt_threads_bench.sh [LINES] [RUNS]   (after cmake --build --preset release)
+# Whole-process speed of kivodt on standard input: each job at 1e6 and 2e7 lines (or rows), with
+# --threads 1, with the default thread count and with --threads 2. Prints the median wall time of RUNS
+# runs (default 5), the lines per second and the peak resident size. With KIVODT_BASE set to another
+# build's kivodt, each row runs that one too, alternating with this one, for an A/B in one run.
+#
+#   bench/kivodt_threads_bench.sh [RUNS]        (after cmake --build --preset release)
+#   KIVODT_BASE=/path/to/old/kivodt bench/kivodt_threads_bench.sh
+#   KIVODT_BENCH_SIZES="1000000" narrows the sizes.
 set -eu
 cd "$(dirname "$0")/.."
-lines=${1:-20000000}
-runs=${2:-3}
-kivodt=build/release/frontend/kivodt
+runs=${1:-5}
+sizes=${KIVODT_BENCH_SIZES:-"1000000 20000000"}
+kivodt=${KIVODT:-build/release/frontend/kivodt}
 work=$(mktemp -d "${TMPDIR:-/tmp}/kivodt-bench.XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
-/usr/bin/python3 - "$lines" "$work" <<'PY'
-import random, sys
-lines, work = int(sys.argv[1]), sys.argv[2]
+/usr/bin/python3 - "$work" $sizes <<'PY'
+import datetime, random, sys
+work, sizes = sys.argv[1], [int(s) for s in sys.argv[2:]]
 random.seed(2021)
 layouts = ["{d:02d}{m}{y}", "{y}-{mm:02d}-{d:02d}", "{mm:02d}/{d:02d}/{y}", "{y}{mm:02d}{d:02d}",
            "{d:02d}-{m}-{y}", "{d} {m} {y}", "{mm}/{d}/{y}"]
 months = "JAN FEB MAR APR MAY JUN JUL AUG SEP OCT NOV DEC".split()
-chunk = 100000
-with open(f"{work}/days.txt", "w") as days, open(f"{work}/texts.txt", "w") as texts:
-    for start in range(0, lines, chunk):
-        n = min(chunk, lines - start)
-        days.write("".join(f"{random.randint(-138061, 6589340)}\n" for _ in range(n)))
-        rows = []
-        for _ in range(n):
-            mm = random.randint(1, 12)
-            rows.append(random.choice(layouts).format(d=random.randint(1, 28), m=months[mm - 1], mm=mm,
-                                                      y=random.randint(1900, 2099)) + "\n")
-        texts.write("".join(rows))
+epoch = datetime.date(1960, 1, 1)
+for lines in sizes:
+    chunk = 100000
+    with open(f"{work}/days-{lines}", "w") as days, open(f"{work}/mixed-{lines}", "w") as mixed, \
+            open(f"{work}/iso-{lines}", "w") as iso, open(f"{work}/csv-{lines}", "w") as csv:
+        csv.write("id,shipped\n")
+        for start in range(0, lines, chunk):
+            n = min(chunk, lines - start)
+            serials = [random.randint(-21915, 51134) for _ in range(n)]
+            days.write("".join(f"{s}\n" for s in serials))
+            stamps = [(epoch + datetime.timedelta(days=s)).isoformat() for s in serials]
+            iso.write("".join(f"{t}\n" for t in stamps))
+            csv.write("".join(f"{start + i},{t}\n" for i, t in enumerate(stamps)))
+            rows = []
+            for _ in range(n):
+                mm = random.randint(1, 12)
+                rows.append(random.choice(layouts).format(d=random.randint(1, 28), m=months[mm - 1], mm=mm,
+                                                          y=random.randint(1900, 2099)) + "\n")
+            mixed.write("".join(rows))
 PY
 
-measure() {  # measure LABEL THREADS INPUT COMMAND...: the median wall time and peak size of RUNS runs
-    label=$1 threads=$2 input=$3
+# median BINARY THREADS INPUT COMMAND...: "seconds peak-KiB", the median of RUNS runs by wall time.
+median() {
+    binary=$1 threads=$2 input=$3
     shift 3
+    option=""
+    [ "$threads" = default ] || option="--threads $threads"
     : > "$work/times"
     i=0
     while [ "$i" -lt "$runs" ]; do
-        /usr/bin/time -o "$work/one" -f "%e %M" "$kivodt" --threads "$threads" "$@" < "$input" > /dev/null
+        /usr/bin/time -o "$work/one" -f "%e %M" "$binary" $option "$@" < "$input" > /dev/null
         cat "$work/one" >> "$work/times"
         i=$((i + 1))
     done
-    sort -n "$work/times" | awk -v label="$label" -v threads="$threads" -v lines="$lines" -v runs="$runs" '
-        NR == int((runs + 1) / 2) {
-            printf "%-10s --threads %d  %6.2f s  %6.2f M lines/s  peak %6.1f MB\n", label, threads, $1,
-                   lines / $1 / 1e6, $2 / 1024
-        }'
+    sort -n "$work/times" | awk -v runs="$runs" 'NR == int((runs + 1) / 2) { print $1, $2 }'
 }
 
-for threads in 1 2; do
-    measure "DATE9." "$threads" "$work/days.txt" format DATE9.
-done
-for threads in 1 2; do
-    measure "ANYDTDTE" "$threads" "$work/texts.txt" informat ANYDTDTE
-done
+row() {  # row LABEL INPUT-STEM COMMAND...
+    label=$1 stem=$2
+    shift 2
+    for lines in $sizes; do
+        for threads in 1 default 2; do
+            now=$(median "$kivodt" "$threads" "$work/$stem-$lines" "$@")
+            line=$(echo "$now" | awk -v l="$label" -v n="$lines" -v t="$threads" \
+                '{ printf "%-26s %9d  --threads %-7s %6.3f s %7.2f M/s  peak %6.1f MB", l, n, t, $1, n / $1 / 1e6, $2 / 1024 }')
+            if [ -n "${KIVODT_BASE:-}" ]; then
+                base=$(median "$KIVODT_BASE" "$threads" "$work/$stem-$lines" "$@")
+                line="$line$(echo "$now $base" | awk '{ printf "   base %6.3f s  (%.2fx)", $3, $3 / $1 }')"
+            fi
+            echo "$line"
+        done
+    done
+}
+
+row "format DATE9." days format DATE9.
+row "informat ANYDTDTE (mixed)" mixed informat ANYDTDTE
+row "convert YYMMDD10. DATE9." iso convert YYMMDD10. DATE9.
+row "--csv 2 convert YYMMDD10." csv --csv 2 convert YYMMDD10. DATE9.

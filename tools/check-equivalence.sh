@@ -31,9 +31,17 @@ build() {
     cmake -S "$1" -B "$2" -G Ninja -DCMAKE_BUILD_TYPE="$4" -DCMAKE_CXX_COMPILER="$3" -DKIVO_BUILD_TESTS=OFF \
         -DKIVO_BUILD_BENCHMARKS=OFF -DKIVO_BUILD_PYTHON=OFF >"$2.log" 2>&1
     cmake --build "$2" --target kivoudtmf kivoxcore kivodt -j2 >>"$2.log" 2>&1 || { tail -20 "$2.log"; exit 1; }
-    g++ -std=c++20 -O2 -o "$2/field_hashes" "$root/tools/equivalence/FieldHashes.cpp" "$1/frontend/src/NumericFormats.cpp" \
-        -I"$root/tests" -I"$1/include" -I"$1/host" -I"$1/frontend/include" -L"$2/src" -L"$2/refhost" \
-        -lkivoudtmf -lkivoxcore -ldl -Wl,-rpath,"$2/src:$2/refhost"
+    # The engine's own numeric formats: in convert/ since the engine has a room of its own, in
+    # frontend/ before, so that a base from either side of the move builds.
+    local numeric=(-DNUMERIC_HEADER='"kivoconvert/NumericFormats.h"' -DNUMERIC=kivoconvert::numeric)
+    local room=convert
+    if [ ! -f "$1/convert/src/NumericFormats.cpp" ]; then
+        numeric=(-DNUMERIC_HEADER='"kivodt/NumericFormats.h"' -DNUMERIC=kivodt::numeric)
+        room=frontend
+    fi
+    g++ -std=c++20 -O2 -o "$2/field_hashes" "${numeric[@]}" "$root/tools/equivalence/FieldHashes.cpp" \
+        "$1/$room/src/NumericFormats.cpp" -I"$root/tests" -I"$1/include" -I"$1/host" -I"$1/$room/include" \
+        -L"$2/src" -L"$2/refhost" -lkivoudtmf -lkivoxcore -ldl -Wl,-rpath,"$2/src:$2/refhost"
 }
 
 # The formats of the catalog, split into the hot ones and the rest.

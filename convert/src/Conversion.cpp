@@ -82,8 +82,7 @@ void Conversion::convert(std::span<const std::string_view> texts, ConvertedBlock
             double value = kivo::lum_numeric::MISSING;
             const Note note = readText(texts[i], value, decoded);
             out.notes_[i] = note;
-            out.lengths_[i] = static_cast<unsigned char>(
-                writeOutput(applyKindStep(step_, value), note, out.slots_.data() + i * out.slotSize_));
+            out.lengths_[i] = static_cast<unsigned char>(writeOutput(handedOver(value), note, out.slots_.data() + i * out.slotSize_));
         }
     });
 }
@@ -95,7 +94,7 @@ void Conversion::read(std::span<const std::string_view> texts, std::span<double>
         for (std::size_t i = begin; i < end; ++i) {
             double value = kivo::lum_numeric::MISSING;
             notes[i] = readText(texts[i], value, decoded);
-            values[i] = applyKindStep(step_, value);
+            values[i] = handedOver(value);
         }
     });
 }

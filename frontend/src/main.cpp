@@ -8,6 +8,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <new>
 #include <vector>
 
 #include "kivoconvert/Conversion.h"
@@ -160,9 +161,7 @@ int run(const kivodt::CommandLine& line) {
     return kivodt::runLines(conversion, lines, options, streams);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int runCommandLine(int argc, char** argv) {
     const std::vector<std::string_view> arguments(argv + 1, argv + argc);
     kivodt::CommandLine line;
     std::string error;
@@ -188,4 +187,17 @@ int main(int argc, char** argv) {
     }
     const int status = run(line);
     return status == kivodt::EXIT_USAGE ? status : closeStandardOutput(status, std::ferror(stdout) != 0);
+}
+
+}  // namespace
+
+// Memory runs out only when the machine has none to give (every buffer of a run is bounded); the run
+// then ends with one line, as on any other fault, rather than an abort.
+int main(int argc, char** argv) {
+    try {
+        return runCommandLine(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("kivodt: out of memory\n", stderr);
+        return kivodt::EXIT_STREAM_FAILED;
+    }
 }

@@ -131,6 +131,37 @@ same_on_threads() {  # same_on_threads NAME INPUT COMMAND...: stdout and stderr 
 same_on_threads "format" '0\nabc\r\n22356\n\n-5\n.A' format DATE9.
 same_on_threads "informat" '15JAN2000\r\n2000-01-15\nx\n' informat ANYDTDTE
 same_on_threads "convert" '15JAN2000\nnot a date\n' convert DATE9. YYMMDD10.
+same_on_threads "hex pairs" '0012345C\nzz\n\n00123455' --hex informat PDTIME4.
+same_on_threads "csv" 'a,b\n1,2021-03-17\n2,x\n3,\n' --csv b convert ANYDTDTE DATE9.
+
+# Nothing lost, nothing invented, nothing silently misread.
+for n in 1 2; do
+    fails "a line over the limit on $n threads" 1 \
+        "kivodt: line 2: longer than 1048576 bytes: \"$(printf '%060d' 0 | tr 0 7)\"..." -- sh -c \
+        "{ echo 1; head -c 5000000 /dev/zero | tr -c 7 7; printf '\\n2\\n3\\n'; } | '$KIVODT' --threads $n format DATE9."
+    expect "the lines after it on $n threads" 1 "$(lines 02JAN1960 03JAN1960 04JAN1960)" -- sh -c \
+        "{ echo 1; head -c 5000000 /dev/zero | tr -c 7 7; printf '\\n2\\n3\\n'; } | '$KIVODT' --threads $n format DATE9."
+done
+expect "numbers below the smallest double read as 0" 0 "$(lines '           0' '           0')" -- \
+    "$KIVODT" format BEST12. 4.9e-325 -1e-400
+fails "numbers above the largest are refused" 1 'kivodt: argument 1: not a number or missing value: "1e400"' -- \
+    "$KIVODT" format BEST12. 1e400
+fails "bytes past the width" 1 \
+    'kivodt: argument 1: 1 byte past the width 10: give a wider width or none: " 2021-03-17"' -- \
+    "$KIVODT" convert YYMMDD10. DATE9. ' 2021-03-17'
+fails "free-form day 0 named" 1 "$(lines 'kivodt: argument 1: read as day 0 (01JAN1960): "."' \
+    'kivodt: argument 2: read as day 0 (01JAN1960): "10:30"')" -- "$KIVODT" convert ANYDTDTE DATE9. . 10:30
+if [ -z "${KIVODT_SANITIZED:-}" ]; then  # the sanitizers' runtimes need more stack and address space
+    expect "a 64 KiB stack" 0 "16OCT2233" -- sh -c "ulimit -s 64; seq 100000 | '$KIVODT' --threads 2 format DATE9. | tail -1"
+    for kib in 6000 8000 10000 12000 16000; do  # one line, never an abort, wherever memory runs out
+        out=$(sh -c "ulimit -v $kib; exec '$KIVODT' format DATE9. 0" 2>&1)
+        status=$?
+        case $status:$out in
+            *"loading shared libraries"*|0:01JAN1960|"1:kivodt: out of memory") ;;
+            *) fail "memory limited to $kib KiB: status $status: $out" ;;
+        esac
+    done
+fi
 usage_error "--threads 0" '--threads takes a number from 1 to 256, not "0"' -- "$KIVODT" format --threads 0 DATE9. 0
 
 if [ "$failures" -ne 0 ]; then

@@ -1,7 +1,7 @@
 // Writes, for every format named on standard input, a 64-bit hash of the field of each of COUNT seeded
 // values, each at a width and decimals the format accepts, in turn. Two builds of the library that
 // write the same hashes wrote the same bytes. Input lines are those of `kivodt list`; the informats and
-// the front end's own fixed-point layout go through the same table below.
+// the engine's own fixed-point layout go through the same table below.
 //
 //   field_hashes COUNT SEED < formats > hashes      (stderr: "NAME first-record" per format)
 #include <dlfcn.h>
@@ -16,18 +16,19 @@
 
 #include "SeededValues.h"
 #include "kivo/Formats.h"
-#include "kivodt/NumericFormats.h"
+// The build names the header of the engine's own numeric formats and their namespace, which moved.
+#include NUMERIC_HEADER
 
 namespace {
 
 using Format = int (*)(char*, int, int, double);
 
 Format frontEndFormat(const std::string& name) {
-    if (name == "BEST") return kivodt::numeric::bestFormat;
-    if (name == "D") return kivodt::numeric::dFormat;
-    if (name == "E") return kivodt::numeric::eFormat;
-    if (name == "w.d") return kivodt::numeric::blankFormat;
-    if (name == "PERCENT") return kivodt::numeric::percentFormat;
+    if (name == "BEST") return NUMERIC::bestFormat;
+    if (name == "D") return NUMERIC::dFormat;
+    if (name == "E") return NUMERIC::eFormat;
+    if (name == "w.d") return NUMERIC::blankFormat;
+    if (name == "PERCENT") return NUMERIC::percentFormat;
     return nullptr;
 }
 

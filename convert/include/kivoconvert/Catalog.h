@@ -50,7 +50,7 @@ constexpr int maxDecimals(const Limits& limits, int width) {
 }
 
 // One format: its name as a user writes it (upper case; the plain numeric layout "12.3" has the empty
-// name), the library's exported symbol it calls ("ddmmyybFormat"; empty for the front end's own
+// name), the library's exported symbol it calls ("ddmmyybFormat"; empty for the engine's own
 // numeric formats), the function, its limits and the kind of value it shows. writesBytes marks the
 // formats whose field is binary (packed decimals), shown only as hex pairs.
 struct FormatEntry {

@@ -73,6 +73,7 @@ private:
     Note readField(std::string_view text, double& value) const;
     Note freeFormNote(std::string_view field, double result) const;
     std::size_t writeOutput(double value, Note note, char* output) const;
+    double handedOver(double value) const { return step_ == KindStep::AS_IS ? value : applyKindStep(step_, value); }
 
     ResolvedSpec<InformatEntry> informat_;  // entry nullptr: the texts are values
     ResolvedSpec<FormatEntry> format_;      // entry nullptr: the values are printed

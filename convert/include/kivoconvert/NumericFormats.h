@@ -1,6 +1,6 @@
 #pragma once
 
-// The numeric formats of the front end, built on the library's real layouts. Each follows the entry
+// The numeric formats of the engine, built on the library's real layouts. Each follows the entry
 // steps of the date formats: a missing value (or NaN, infinity) through writeMissing first, then the
 // layout, and a field of "*" when the layout says the number does not fit.
 namespace kivoconvert::numeric {

@@ -5,7 +5,7 @@ namespace kivoconvert {
 namespace {
 
 // The free-form informats read whatever layout fits the field, so any width from 1 to the widest field
-// the front end offers will do; the defaults fit the usual layouts: "15JAN2000" (9),
+// the engine offers will do; the defaults fit the usual layouts: "15JAN2000" (9),
 // "2000-01-15T10:30:00" (19) and "10:30:00" (8). They take no decimals.
 constexpr Limits FREE_FORM(int defaultWidth) { return {1, MAX_FIELD, defaultWidth, Decimals::NOT_USED}; }
 

@@ -9,7 +9,7 @@ constexpr Limits limits(int minWidth, int defaultWidth, Decimals decimals) {
     return {minWidth, MAX_FIELD, defaultWidth, decimals};
 }
 
-// The front end's own numeric formats: no library symbol of their own.
+// The engine's own numeric formats: no library symbol of their own.
 constexpr FormatEntry ENTRIES[] = {
     // Width 1 still holds a one-digit number (or a single 0 for a small negative one).
     {"BEST", "", numeric::bestFormat, limits(1, 12, Decimals::NOT_USED), ValueKind::NUMBER},
