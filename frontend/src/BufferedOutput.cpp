@@ -17,6 +17,9 @@ bool BufferedOutput::flush() {
 }
 
 void BufferedOutput::write(std::string_view bytes) {
+    if (bytes.empty()) {
+        return;  // an empty view may hold no pointer at all, which memcpy must not be given
+    }
     if (used_ + bytes.size() > BUFFER_BYTES) {
         writeHeld();
     }

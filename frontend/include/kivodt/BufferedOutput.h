@@ -22,7 +22,7 @@ public:
 
     // The bytes and a newline.
     void line(std::string_view bytes) {
-        if (used_ + bytes.size() < BUFFER_BYTES) {
+        if (!bytes.empty() && used_ + bytes.size() < BUFFER_BYTES) {
             std::char_traits<char>::copy(buffer_.get() + used_, bytes.data(), bytes.size());
             buffer_[used_ + bytes.size()] = '\n';
             used_ += bytes.size() + 1;
