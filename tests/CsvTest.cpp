@@ -5,12 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fcntl.h>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
+#include "PeakMemory.h"
 #include "RunCapture.h"
 #include "kivodt/CsvColumns.h"
 #include "kivodt/CsvFieldText.h"
@@ -243,44 +241,14 @@ std::FILE* csvOfSize(std::size_t bytes) {
     return file;
 }
 
-constexpr const char* TIME_PATH = "/usr/bin/time";
-
-// Runs kivodt convert --csv 2 ANYDTDTE DATE9. on input under /usr/bin/time and returns its peak resident
-// size in KiB. A child forked from this test would count the test's own pages in its peak; kivodt forked
-// from the small time program counts only its own.
-long peakResidentKiB(std::FILE* input) {
-    std::rewind(input);
-    std::FILE* report = std::tmpfile();
-    const std::string reportPath = "/dev/fd/" + std::to_string(fileno(report));
-    const pid_t child = fork();
-    if (child == 0) {
-        const int sink = open("/dev/null", O_WRONLY);
-        dup2(fileno(input), STDIN_FILENO);
-        dup2(sink, STDOUT_FILENO);
-        const char* arguments[] = {TIME_PATH, "-f",    "%M", "-o",       reportPath.c_str(), KIVODT_PATH,
-                                   "convert", "--csv", "2",  "ANYDTDTE", "DATE9.",           nullptr};
-        execv(TIME_PATH, const_cast<char* const*>(arguments));
-        _exit(127);
-    }
-    int status = 0;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "status " << status;
-    long peak = 0;
-    std::rewind(report);
-    EXPECT_EQ(std::fscanf(report, "%ld", &peak), 1);
-    std::fclose(report);
-    return peak;
-}
-
 TEST(KivodtCsvMemory, PeakResidentSizeDoesNotGrowWithTheInput) {
-    if (access(TIME_PATH, X_OK) != 0) {
-        GTEST_SKIP() << TIME_PATH << " is needed to measure kivodt's peak resident size (Debian package time)";
-    }
+    if (const std::string reason = kivodt::test::cannotMeasureMemory(); !reason.empty()) GTEST_SKIP() << reason;
+    const std::vector<const char*> job = {"convert", "--csv", "2", "ANYDTDTE", "DATE9."};
     std::FILE* small = csvOfSize(20 << 20);
-    const long smallPeak = peakResidentKiB(small);
+    const long smallPeak = kivodt::test::peakResidentKiB(small, job, 0);
     std::fclose(small);
     std::FILE* large = csvOfSize(100 << 20);
-    const long largePeak = peakResidentKiB(large);
+    const long largePeak = kivodt::test::peakResidentKiB(large, job, 0);
     std::fclose(large);
     // 80 MiB more input; a run that kept even a tenth of it would show 8 MiB more.
     EXPECT_LT(largePeak - smallPeak, 8 << 10) << "20 MiB: " << smallPeak << " KiB, 100 MiB: " << largePeak << " KiB";

@@ -56,8 +56,8 @@ bool Conversion::converting(const ResolvedSpec<InformatEntry>& informat, const R
                             HexSides hex, Conversion& conversion, std::string& error) {
     const KindStep step = kindStep(informat.entry->kind, format.entry->kind);
     if (step == KindStep::REFUSED) {
-        error = joined({informat.entry->name, " reads ", kindName(informat.entry->kind), ", which ",
-                        format.entry->name, " cannot show (it shows ", kindName(format.entry->kind), ")"});
+        error = joined({informat.entry->name, " reads ", kindName(informat.entry->kind), ", which ", format.entry->name,
+                        " cannot show (it shows ", kindName(format.entry->kind), ")"});
         return false;
     }
     conversion = formatting(format, hex);
@@ -82,7 +82,8 @@ void Conversion::convert(std::span<const std::string_view> texts, ConvertedBlock
             double value = kivo::lum_numeric::MISSING;
             const Note note = readText(texts[i], value, decoded);
             out.notes_[i] = note;
-            out.lengths_[i] = static_cast<unsigned char>(writeOutput(handedOver(value), note, out.slots_.data() + i * out.slotSize_));
+            out.lengths_[i] =
+                static_cast<unsigned char>(writeOutput(handedOver(value), note, out.slots_.data() + i * out.slotSize_));
         }
     });
 }

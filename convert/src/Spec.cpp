@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "kivoconvert/Notes.h"
+
 namespace kivoconvert {
 
 namespace {
@@ -44,26 +46,6 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     return row[b.size()];
 }
 
-// Names within two edits of the one asked for, or that begin with it, nearest first.
-template <class Entry>
-std::string closeNames(std::span<const Entry> catalog, std::string_view name) {
-    std::vector<std::pair<std::size_t, std::string_view>> close;
-    for (const Entry& entry : catalog) {
-        const std::size_t distance = editDistance(name, entry.name);
-        const bool prefix = !name.empty() && entry.name.substr(0, name.size()) == name;
-        if (!entry.name.empty() && (distance <= 2 || prefix)) {
-            close.emplace_back(prefix ? std::min<std::size_t>(distance, 1) : distance, entry.name);
-        }
-    }
-    std::stable_sort(close.begin(), close.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::string names;
-    for (std::size_t i = 0; i < close.size() && i < 4; ++i) {
-        names += (i == 0 ? "" : ", ");
-        names += close[i].second;
-    }
-    return names;
-}
-
 // Joins pieces of a message. (Chains of std::string operator+ trip a false -Wrestrict in GCC 12 at -O3.)
 std::string join(std::initializer_list<std::string_view> pieces) {
     std::string text;
@@ -77,8 +59,10 @@ std::string displayName(std::string_view name) { return name.empty() ? std::stri
 
 std::string rangeText(int low, int high) { return join({std::to_string(low), "-", std::to_string(high)}); }
 
+// A spec's messages show it as it was typed: "DATE9.2", never a form the user did not write.
 template <class Entry>
-bool checkLimits(const Entry& entry, ResolvedSpec<Entry>& resolved, const SpecText& spec, std::string& error) {
+bool checkLimits(const Entry& entry, ResolvedSpec<Entry>& resolved, const SpecText& spec, std::string_view text,
+                 std::string& error) {
     const Limits& limits = entry.limits;
     const std::string name = displayName(entry.name);
     resolved.entry = &entry;
@@ -86,40 +70,57 @@ bool checkLimits(const Entry& entry, ResolvedSpec<Entry>& resolved, const SpecTe
     resolved.width = spec.hasWidth ? spec.width : limits.defaultWidth;
     resolved.decimals = spec.decimals;
     if (resolved.width < limits.minWidth || resolved.width > limits.maxWidth) {
-        error = join({"width ", std::to_string(resolved.width), " is outside the range of ", name, ": widths ",
-                      rangeText(limits.minWidth, limits.maxWidth), " (default ", std::to_string(limits.defaultWidth),
-                      ")"});
+        error = join({quotedForMessage(text), ": width ", std::to_string(resolved.width), " is outside the range of ",
+                      name, ": widths ", rangeText(limits.minWidth, limits.maxWidth), " (default ",
+                      std::to_string(limits.defaultWidth), ")"});
         return false;
     }
     const int largest = maxDecimals(limits, resolved.width);
     if (resolved.decimals < 0 || resolved.decimals > largest) {
-        error = join({"decimals ", std::to_string(resolved.decimals), " are outside the range of ", name, ".",
-                      std::to_string(resolved.width), ": decimals ", rangeText(0, largest)});
+        error = join({quotedForMessage(text), ": decimals ", std::to_string(resolved.decimals),
+                      " are outside the range of ", name, " at width ", std::to_string(resolved.width), ": decimals ",
+                      rangeText(0, largest)});
         return false;
     }
     return true;
 }
 
 template <class Entry>
-bool resolve(std::string_view text, std::span<const Entry> catalog, const char* kind,
-             ResolvedSpec<Entry>& resolved, std::string& error) {
+bool resolve(std::string_view text, std::span<const Entry> catalog, const char* kind, ResolvedSpec<Entry>& resolved,
+             std::string& error) {
     SpecText spec;
     if (!parseSpecText(text, spec, error)) {
         return false;
     }
+    std::vector<std::string_view> names;
     for (const Entry& entry : catalog) {
         if (entry.name == spec.name) {
-            return checkLimits(entry, resolved, spec, error);
+            return checkLimits(entry, resolved, spec, text, error);
         }
+        names.push_back(entry.name);
     }
-    const std::string suggestions = closeNames(catalog, spec.name);
-    error = join({"unknown ", kind, " \"", text, "\"",
-                  suggestions.empty() ? "; `kivodt list` shows them all" : "; did you mean ", suggestions,
-                  suggestions.empty() ? "" : "?"});
+    error = join({"unknown ", kind, " ", quotedForMessage(text), didYouMean(names, spec.name)});
     return false;
 }
 
 }  // namespace
+
+std::string didYouMean(std::span<const std::string_view> names, std::string_view typed) {
+    std::vector<std::pair<std::size_t, std::string_view>> close;
+    for (const std::string_view name : names) {
+        const std::size_t distance = editDistance(typed, name);
+        const bool prefix = !typed.empty() && name.starts_with(typed);
+        if (!name.empty() && (distance <= 2 || prefix)) {
+            close.emplace_back(prefix ? std::min<std::size_t>(distance, 1) : distance, name);
+        }
+    }
+    std::stable_sort(close.begin(), close.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::string text;
+    for (std::size_t i = 0; i < close.size() && i < 4; ++i) {
+        text.append(i == 0 ? "; did you mean " : ", ").append(close[i].second);
+    }
+    return text.empty() ? text : text + "?";
+}
 
 bool parseSpecText(std::string_view text, SpecText& spec, std::string& error) {
     spec = SpecText{};
@@ -130,7 +131,7 @@ bool parseSpecText(std::string_view text, SpecText& spec, std::string& error) {
     if (pos < text.size() && isDigit(text[pos])) {
         spec.hasWidth = readNumber(text, pos, spec.width);
         if (!spec.hasWidth) {
-            error = join({"width too large in \"", text, "\""});
+            error = join({"width too large in ", quotedForMessage(text)});
             return false;
         }
     }
@@ -139,13 +140,13 @@ bool parseSpecText(std::string_view text, SpecText& spec, std::string& error) {
         if (pos < text.size()) {
             spec.hasDecimals = readNumber(text, pos, spec.decimals);
             if (!spec.hasDecimals) {
-                error = join({"bad decimals in \"", text, "\""});
+                error = join({"bad decimals in ", quotedForMessage(text)});
                 return false;
             }
         }
     }
     if (pos != text.size() || (spec.name.empty() && !spec.hasWidth)) {
-        error = join({"\"", text, "\" is not a format spec (NAMEw.d, e.g. DATE9.)"});
+        error = join({quotedForMessage(text), " is not a format spec (NAMEw.d, e.g. DATE9.)"});
         return false;
     }
     return true;

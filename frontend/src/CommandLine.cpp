@@ -1,37 +1,54 @@
 #include "kivodt/CommandLine.h"
 
 #include "kivoconvert/Notes.h"
+#include "kivoconvert/Spec.h"
 
 namespace kivodt {
 
 namespace {
 
-constexpr CommandLineOption turnsOn(std::string_view name, bool CommandLine::*flag) {
-    return {name, nullptr, flag, nullptr};
+constexpr CommandLineOption turnsOn(std::string_view name, unsigned goesWith, bool CommandLine::*flag) {
+    return {name, goesWith, nullptr, flag, nullptr};
 }
 constexpr CommandLineOption sets(std::string_view name, const kivo::OptionSetting& setting) {
-    return {name, &setting, nullptr, nullptr};
+    return {name, CONVERTING, &setting, nullptr, nullptr};
 }
 constexpr CommandLineOption gives(std::string_view name, std::optional<std::string_view> CommandLine::*value) {
-    return {name, nullptr, nullptr, value};
+    return {name, CONVERTING, nullptr, nullptr, value};
 }
 
+const CommandWord COMMANDS[] = {
+    {"format", FORMAT}, {"informat", INFORMAT}, {"convert", CONVERT}, {"list", LIST}, {"help", HELP},
+};
+
 const CommandLineOption OPTIONS[] = {
-    turnsOn("--help", &CommandLine::help),
-    turnsOn("--hex", &CommandLine::hex),
-    turnsOn("--hex-in", &CommandLine::hexInput),
-    turnsOn("--hex-out", &CommandLine::hexOutput),
+    turnsOn("-h", EVERY_COMMAND, &CommandLine::help),
+    turnsOn("--help", EVERY_COMMAND, &CommandLine::help),
+    turnsOn("--version", EVERY_COMMAND, &CommandLine::version),
+    turnsOn("--hex", CONVERTING, &CommandLine::hex),
+    turnsOn("--hex-in", CONVERTING, &CommandLine::hexInput),
+    turnsOn("--hex-out", CONVERTING, &CommandLine::hexOutput),
     sets("--datestyle", kivo::settings::DATE_STYLE),
     sets("--yearcutoff", kivo::settings::YEAR_CUTOFF),
     sets("--missing-char", kivo::settings::MISSING_CHAR),
     sets("--today", kivo::settings::TODAY),
-    turnsOn("--keep", &CommandLine::keep),
+    turnsOn("--keep", CONVERTING, &CommandLine::keep),
     gives("--csv", &CommandLine::csv),
-    turnsOn("--no-header", &CommandLine::noHeader),
+    turnsOn("--no-header", CONVERTING, &CommandLine::noHeader),
     gives("--delimiter", &CommandLine::delimiter),
-    turnsOn("--keep-blanks", &CommandLine::keepBlanks),
+    turnsOn("--keep-blanks", CONVERTING, &CommandLine::keepBlanks),
     gives("--threads", &CommandLine::threads),
+    turnsOn("--markdown", LIST, &CommandLine::markdown),
 };
+
+template <class Item>
+std::vector<std::string_view> namesOf(std::span<const Item> items, std::string_view Item::*name) {
+    std::vector<std::string_view> names;
+    for (const Item& item : items) {
+        names.push_back(item.*name);
+    }
+    return names;
+}
 
 const CommandLineOption* findOption(std::string_view name) {
     for (const CommandLineOption& option : OPTIONS) {
@@ -42,22 +59,32 @@ const CommandLineOption* findOption(std::string_view name) {
     return nullptr;
 }
 
-bool isCommand(std::string_view word) {
-    return word == "format" || word == "informat" || word == "convert" || word == "list";
+const CommandWord* findCommand(std::string_view word) {
+    for (const CommandWord& command : COMMANDS) {
+        if (command.word == word) {
+            return &command;
+        }
+    }
+    return nullptr;
 }
 
-// Takes the options that start at arguments[next], leaving next at the first other argument.
+bool isOption(std::string_view argument) { return argument.starts_with("--") || argument == "-h"; }
+
+// Takes the options that start at arguments[next], leaving next at the first other argument. The
+// options given are kept so that the command, once known, can refuse those that do not go with it.
 bool takeOptions(std::span<const std::string_view> arguments, std::size_t& next, CommandLine& line,
-                 std::string& error) {
-    for (; next < arguments.size() && arguments[next].starts_with("--"); ++next) {
+                 std::vector<const CommandLineOption*>& given, std::string& error) {
+    for (; next < arguments.size() && isOption(arguments[next]); ++next) {
         const CommandLineOption* option = findOption(arguments[next]);
         if (option == nullptr) {
-            error = "unknown option " + kivoconvert::quotedForMessage(arguments[next]);
+            error = "unknown option " + kivoconvert::quotedForMessage(arguments[next]) +
+                    kivoconvert::didYouMean(namesOf(commandLineOptions(), &CommandLineOption::name), arguments[next]);
             return false;
         }
+        given.push_back(option);
         if (!option->takesArgument()) {
             line.*option->turnsOn = true;
-            if (line.help) {
+            if (line.help || line.version) {
                 return true;
             }
             continue;
@@ -79,7 +106,9 @@ bool takeOptions(std::span<const std::string_view> arguments, std::size_t& next,
 bool takeSpecs(std::span<const std::string_view> arguments, std::size_t& next, CommandLine& line, std::string& error) {
     const bool converting = line.command == "convert";
     if (arguments.size() - next < (converting ? 2u : 1u)) {
-        error = converting ? "convert needs an INFORMAT and a FORMAT" : std::string(line.command) + " needs a SPEC";
+        error = converting ? "convert needs an INFORMAT and a FORMAT; kivodt help convert shows how"
+                           : std::string(line.command) + " needs a SPEC; kivodt help " + std::string(line.command) +
+                                 " shows how";
         return false;
     }
     line.spec = arguments[next++];
@@ -111,33 +140,48 @@ bool parseDelimiter(std::string_view text, char& delimiter, std::string& error) 
 
 std::span<const CommandLineOption> commandLineOptions() { return OPTIONS; }
 
+std::span<const CommandWord> commandWords() { return COMMANDS; }
+
 bool parseCommandLine(std::span<const std::string_view> arguments, CommandLine& line, std::string& error) {
     std::size_t next = 0;
-    if (!takeOptions(arguments, next, line, error)) {
-        return false;
-    }
-    if (line.help) {
-        return true;
+    std::vector<const CommandLineOption*> given;
+    if (!takeOptions(arguments, next, line, given, error) || line.help || line.version) {
+        return error.empty();
     }
     if (next == arguments.size()) {
-        error = "no command given";
+        error = "no command given; kivodt --help shows the usage";
         return false;
     }
     line.command = arguments[next++];
-    if (!isCommand(line.command)) {
-        error = "unknown command " + kivoconvert::quotedForMessage(line.command);
+    const CommandWord* command = findCommand(line.command);
+    if (command == nullptr) {
+        error = "unknown command " + kivoconvert::quotedForMessage(line.command) +
+                kivoconvert::didYouMean(namesOf(commandWords(), &CommandWord::word), line.command);
         return false;
     }
-    if (!takeOptions(arguments, next, line, error)) {
-        return false;
+    line.commandBit = command->command;
+    if (!takeOptions(arguments, next, line, given, error) || line.version || (line.help && line.commandBit != HELP)) {
+        line.helpTopic = line.command;  // "kivodt format --help" is "kivodt help format"
+        return error.empty();
     }
-    if (line.help || line.command == "list") {
-        return true;
+    for (const CommandLineOption* option : given) {
+        if ((option->goesWith & line.commandBit) == 0) {
+            error = std::string(option->name) + " does not go with " + std::string(line.command);
+            return false;
+        }
     }
-    if (!takeSpecs(arguments, next, line, error)) {
+    if (line.commandBit == HELP) {
+        line.help = true;
+        line.helpTopic = next < arguments.size() ? arguments[next++] : std::string_view();
+    } else if (line.commandBit != LIST && !takeSpecs(arguments, next, line, error)) {
         return false;
     }
     line.inputs = arguments.subspan(next);
+    if ((line.commandBit & (LIST | HELP)) != 0 && !line.inputs.empty()) {
+        error = std::string(line.command) + " takes no " + (line.commandBit == HELP ? "more " : "") +
+                "arguments, not " + kivoconvert::quotedForMessage(line.inputs[0]);
+        return false;
+    }
     return true;
 }
 
@@ -158,7 +202,7 @@ bool csvOptionsOf(const CommandLine& line, CsvOptions& csv, std::vector<ColumnCh
             error = "--no-header, --delimiter and --keep-blanks go with --csv";
             return false;
         }
-        if (line.keep && line.command != "convert") {
+        if (line.keep && line.commandBit != CONVERT) {
             error = "--keep goes with convert or --csv";
             return false;
         }

@@ -13,15 +13,19 @@ bool allDigits(std::string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-bool parseChoice(std::string_view item, bool header, ColumnChoice& choice, std::string& error) {
-    if (item.empty()) {
+// The columns a list shows in a message: a long header is not echoed whole.
+constexpr std::size_t SHOWN_COLUMNS = 20;
+
+bool parseChoice(std::string_view item, bool quoted, bool header, ColumnChoice& choice, std::string& error) {
+    if (item.empty() && !quoted) {
         error = "--csv: an empty column in the list";
         return false;
     }
-    if (!allDigits(item)) {
-        choice = {0, item};
+    if (quoted || !allDigits(item)) {
+        choice = {0, std::string(item)};
         if (!header) {
-            error = "--csv: column " + kivoconvert::quotedForMessage(item) + " is a name, and with --no-header there are none";
+            error = "--csv: column " + kivoconvert::quotedForMessage(item) +
+                    " is a name, and with --no-header there are none";
         }
         return header;
     }
@@ -33,13 +37,34 @@ bool parseChoice(std::string_view item, bool header, ColumnChoice& choice, std::
     return true;
 }
 
+// A name in double quotes at text[pos], as a CSV field writes it; pos is left after its closing quote,
+// which must end the item.
+bool takeQuotedName(std::string_view text, std::size_t& pos, std::string& name, std::string& error) {
+    for (++pos; pos < text.size(); ++pos) {
+        if (text[pos] != '"') {
+            name += text[pos];
+        } else if (pos + 1 < text.size() && text[pos + 1] == '"') {
+            name += text[++pos];
+        } else if (++pos == text.size() || text[pos] == ',') {
+            return true;
+        } else {
+            break;
+        }
+    }
+    error = "--csv: a quoted name must be the whole of its column in " + kivoconvert::quotedForMessage(text);
+    return false;
+}
+
 std::string theColumns(std::span<const std::string> names, std::size_t fieldCount) {
     if (names.empty()) {
         return "the first row has " + std::to_string(fieldCount) + (fieldCount == 1 ? " field" : " fields");
     }
     std::string listed = "the columns are";
-    for (std::size_t i = 0; i < names.size(); ++i) {
+    for (std::size_t i = 0; i < names.size() && i < SHOWN_COLUMNS; ++i) {
         listed += (i == 0 ? " " : ", ") + std::to_string(i + 1) + " " + kivoconvert::quotedForMessage(names[i]);
+    }
+    if (names.size() > SHOWN_COLUMNS) {
+        listed += " and " + std::to_string(names.size() - SHOWN_COLUMNS) + " more";
     }
     return listed;
 }
@@ -48,17 +73,23 @@ std::string theColumns(std::span<const std::string> names, std::size_t fieldCoun
 
 bool parseColumnChoices(std::string_view text, bool header, std::vector<ColumnChoice>& choices, std::string& error) {
     choices.clear();
-    for (std::size_t start = 0;;) {
-        const std::size_t comma = text.find(',', start);
-        ColumnChoice choice;
-        if (!parseChoice(text.substr(start, comma - start), header, choice, error)) {
+    for (std::size_t pos = 0;; ++pos) {  // at an item's start; ++pos steps over the comma after it
+        std::string item;
+        const bool quoted = pos < text.size() && text[pos] == '"';
+        if (quoted && !takeQuotedName(text, pos, item, error)) {
             return false;
         }
-        choices.push_back(choice);
-        if (comma == std::string_view::npos) {
+        if (!quoted) {
+            const std::size_t comma = std::min(text.find(',', pos), text.size());
+            item = text.substr(pos, comma - pos);
+            pos = comma;
+        }
+        if (!parseChoice(item, quoted, header, choices.emplace_back(), error)) {
+            return false;
+        }
+        if (pos == text.size()) {
             return true;
         }
-        start = comma + 1;
     }
 }
 
@@ -69,8 +100,15 @@ bool resolveColumns(std::span<const ColumnChoice> choices, std::span<const std::
         if (choice.number == 0) {
             const auto found = std::find(names.begin(), names.end(), choice.name);
             if (found == names.end()) {
-                error =
-                    "no column " + kivoconvert::quotedForMessage(choice.name) + " in the header; " + theColumns(names, fieldCount);
+                error = "no column " + kivoconvert::quotedForMessage(choice.name) + " in the header; " +
+                        theColumns(names, fieldCount);
+                return false;
+            }
+            const auto again = std::find(found + 1, names.end(), choice.name);
+            if (again != names.end()) {
+                error = "column " + kivoconvert::quotedForMessage(choice.name) + " is in the header twice, as " +
+                        std::to_string(found - names.begin() + 1) + " and " +
+                        std::to_string(again - names.begin() + 1) + "; choose it by number";
                 return false;
             }
             indexes.push_back(static_cast<std::size_t>(found - names.begin()));

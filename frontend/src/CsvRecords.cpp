@@ -72,6 +72,9 @@ void CsvRecords::beginRecord() {
 std::size_t CsvRecords::scan(const char* data, std::size_t size, bool& ended) {
     for (std::size_t i = 0; i < size; ++i) {
         const char c = data[i];
+        if (markMatched_ < BYTE_ORDER_MARK.size() && skipsByteOrderMark(c)) {
+            continue;
+        }
         switch (state_) {
             case State::QUOTED:
                 if (c == '"') {
@@ -107,6 +110,23 @@ std::size_t CsvRecords::scan(const char* data, std::size_t size, bool& ended) {
         }
     }
     return size;
+}
+
+// A UTF-8 byte-order mark at the start of the stream belongs to no field: it passes through with the
+// first record's bytes, and the first field (the first column's name) begins after it. Bytes that begin
+// like a mark and then differ are text of the first field.
+bool CsvRecords::skipsByteOrderMark(char c) {
+    if (c == BYTE_ORDER_MARK[markMatched_]) {
+        if (++markMatched_ == BYTE_ORDER_MARK.size()) {
+            fieldStart_ = BYTE_ORDER_MARK.size();
+        }
+        return true;
+    }
+    if (markMatched_ > 0) {
+        state_ = State::UNQUOTED;
+    }
+    markMatched_ = BYTE_ORDER_MARK.size();
+    return false;
 }
 
 void CsvRecords::endField(std::size_t end) {

@@ -36,7 +36,12 @@ class CsvWriter {
 public:
     CsvWriter(const Conversion& conversion, const CsvOptions& csv, const RunOptions& options,
               const ChosenColumns& chosen, BufferedOutput& out, std::FILE* err)
-        : conversion_(conversion), csv_(csv), options_(options), chosen_(chosen), fanout_(options.threads, nullptr, options.elementsPerRun), out_(out),
+        : conversion_(conversion),
+          csv_(csv),
+          options_(options),
+          chosen_(chosen),
+          fanout_(options.threads, nullptr, options.elementsPerRun),
+          out_(out),
           err_(err) {}
 
     int status() const noexcept { return status_; }
@@ -82,7 +87,7 @@ private:
             return;
         }
         if (kivoconvert::isNamed(note)) {
-            reportField(row, chosen_.columns[k], conversion_.describe(note, texts_[index]), texts_[index]);
+            reportField(row, chosen_.columns[k], note, texts_[index]);
             if (!kivoconvert::keepsValue(note)) {
                 out_.write(options_.keep ? original : std::string_view());
                 return;
@@ -94,14 +99,14 @@ private:
         out_.write(field_);
     }
 
-    void reportField(const CsvRowBlock::Row& row, std::size_t column, const std::string& what, std::string_view text) {
+    void reportField(const CsvRowBlock::Row& row, std::size_t column, Note note, std::string_view text) {
         std::string place = "row " + std::to_string(row.number) + " (line " + std::to_string(row.line) + "), column " +
                             std::to_string(column + 1);
         if (!chosen_.names.empty()) {
             place += ' ' + kivoconvert::quotedForMessage(chosen_.names[column]);
         }
-        messages_.append("kivodt: ").append(place).append(": ").append(what).append(": ");
-        messages_.append(kivoconvert::quotedForMessage(text)).append("\n");
+        messages_.append("kivodt: ").append(place).append(": ").append(conversion_.describe(note, text)).append(": ");
+        messages_.append(kivoconvert::quotedForMessage(text)).append(hint_.after(conversion_, note, text)).append("\n");
         status_ = EXIT_BAD_INPUT;
     }
 
@@ -139,6 +144,7 @@ private:
     std::span<const std::string_view> texts_;
     std::string field_;
     std::string messages_;
+    DateTextHint hint_;
     int status_ = EXIT_OK;
 };
 

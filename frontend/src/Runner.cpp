@@ -1,9 +1,11 @@
 #include "kivodt/Runner.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <string>
 
+#include "kivo/AnydtInformats.h"
 #include "kivoconvert/Catalog.h"
 #include "kivoconvert/Notes.h"
 
@@ -38,7 +40,8 @@ public:
                 continue;
             }
             if (kivoconvert::isNamed(note)) {
-                name(firstNumber + i, conversion_.describe(note, texts[i]), kivoconvert::quotedForMessage(texts[i]));
+                name(firstNumber + i, conversion_.describe(note, texts[i]),
+                     kivoconvert::quotedForMessage(texts[i]) + hint_.after(conversion_, note, texts[i]));
             }
             const bool asItCame = note == Note::LEFT_OUT || (options_.keep && !kivoconvert::keepsValue(note));
             out_.line(asItCame ? texts[i] : converted.output(i));
@@ -71,12 +74,30 @@ private:
     BufferedOutput& out_;
     std::FILE* err_;
     std::string messages_;
+    DateTextHint hint_;
     int status_ = EXIT_OK;
 };
 
 }  // namespace
 
-int runLines(const Conversion& conversion, LineReader& reader, const RunOptions& options, const OutputStreams& streams) {
+std::string DateTextHint::after(const Conversion& conversion, Note note, std::string_view text) {
+    if (given_ || note != Note::NOT_A_VALUE || conversion.informat().entry != nullptr) {
+        return "";
+    }
+    double value = 0;
+    kivo::AnydtType type = kivo::ANYDT_MISSING;
+    const int width = static_cast<int>(std::min<std::size_t>(text.size(), kivoconvert::MAX_FIELD));
+    if (!kivo::anydtInformats(text.data(), width, width, 0, value, type) || type == kivo::ANYDT_MISSING) {
+        return "";
+    }
+    given_ = true;
+    const kivoconvert::ResolvedSpec<kivoconvert::FormatEntry>& format = conversion.format();
+    return "; to read dates, use convert or informat: kivodt convert ANYDTDTE " + std::string(format.entry->name) +
+           std::to_string(format.width) + ".";
+}
+
+int runLines(const Conversion& conversion, LineReader& reader, const RunOptions& options,
+             const OutputStreams& streams) {
     BufferedOutput out(streams.out);
     LineWriter writer(conversion, options, reader.fromArguments() ? "argument" : "line", out, streams.err);
     const kivoconvert::Fanout fanout(options.threads, nullptr, options.elementsPerRun);

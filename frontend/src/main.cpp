@@ -6,71 +6,26 @@
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <string>
 #include <string_view>
-#include <new>
 #include <vector>
 
 #include "kivoconvert/Conversion.h"
 #include "kivoconvert/Notes.h"
+#include "kivoconvert/Spec.h"
 #include "kivodt/CommandLine.h"
 #include "kivodt/CsvRunner.h"
 #include "kivodt/LineReader.h"
+#include "kivodt/Reference.h"
 #include "kivodt/Runner.h"
+#include "kivodt/Usage.h"
 #include "kivox/Services.h"
 
 namespace {
 
-constexpr const char* USAGE = R"(usage:
-  kivodt [OPTIONS] format [OPTIONS] SPEC [VALUE...]
-      one line per value: exactly the field's bytes
-  kivodt [OPTIONS] informat [OPTIONS] SPEC [TEXT...]
-      one line per text: the value read, or "invalid"
-  kivodt [OPTIONS] convert [OPTIONS] INFORMAT FORMAT [TEXT...]
-      one line per text: read with INFORMAT, written with FORMAT
-  kivodt [OPTIONS] --csv COLUMNS format|informat|convert [OPTIONS] SPEC...
-      a CSV from standard input, written back with those columns' fields converted
-  kivodt list
-      every format and informat with its widths and decimals
-  kivodt --help
-
-SPEC is a name with an optional width, point and decimals, in any case: DATE9. date9 TIME12.3 DATE
-(a missing width takes the format's default width).
-
-A VALUE is a decimal number (22356, -0.5, 1e9) or a missing value: . ._ .A ... .Z
-With no VALUE or TEXT arguments, they are read from standard input, one per line.
-An informat's field is the first `width` bytes of the text, or the whole text when it is shorter or
-when SPEC gives no width. convert gives a date format the day of a datetime and a datetime format the
-midnight of a day; a text INFORMAT rejects is named and gives a blank field.
-
-Options (before or after the command, not after SPEC: there "-5" or "--hex" is a value):
-  --hex               write fields / read texts as hex byte pairs (for packed and machine layouts)
-  --datestyle STYLE   the "datestyle" option: dmy dym mdy myd ydm ymd or locale (default locale)
-  --yearcutoff YEAR   first year of the window that two-digit years fall into (default 1940)
-  --missing-char C    the character printed for an ordinary missing value (default .)
-  --today YYYY-MM-DD  the day taken as today (NENGO's last era ends there; default: the machine's clock)
-  --hex-in, --hex-out read texts / write fields as hex pairs, on one side of convert only
-  --keep              convert and --csv: a text that cannot be used is written as it came
-
-CSV (RFC 4180 quoting; every byte but the converted fields' is written back as it came):
-  --csv COLUMNS       the columns to convert: numbers from 1 or header names, e.g. 2,shipped
-  --no-header         the first row is data, not names
-  --delimiter C       the field delimiter (default ,), e.g. ";" or tab
-  --keep-blanks       keep the leading blanks of the fields written (by default they are dropped)
-  --threads N         convert standard input on N threads (default: the online cores; 1 reads line by
-                      line); the output is the same for any N
-A row with another number of fields than the first is named and copied unchanged; an empty field
-stays empty.
-
-Environment: KIVO_DATESTYLE, KIVO_YEARCUTOFF, KIVO_MISSING_CHAR and KIVO_TODAY give those options their first
-values, KIVO_LOCALE_DATESTYLE the locale's date style (default mdy); a bad value is an error.
-
-Exit status: 0 all went well; 1 some value or text could not be used (named on standard error), or
-reading the input or writing the output failed; 2 bad command line, spec or environment variable.
-)";
-
 int usageError(const std::string& message) {
-    std::fprintf(stderr, "kivodt: %s\n(kivodt --help explains the usage)\n", message.c_str());
+    std::fprintf(stderr, "kivodt: %s\n", message.c_str());
     return kivodt::EXIT_USAGE;
 }
 
@@ -101,19 +56,35 @@ bool refuseBytesAsText(const kivoconvert::Conversion& conversion, kivoconvert::H
     return !error.empty();
 }
 
+std::vector<std::string_view> commandNames() {
+    std::vector<std::string_view> names;
+    for (const kivodt::CommandWord& command : kivodt::commandWords()) {
+        names.push_back(command.word);
+    }
+    return names;
+}
+
+// A spec whose name is not in the catalog, with no name close to it either, points to the list.
+std::string withListHint(std::string error) {
+    if (error.starts_with("unknown ") && error.find("did you mean") == std::string::npos) {
+        error += "; kivodt list shows them all";
+    }
+    return error;
+}
+
 // The conversion the command asks for: format, informat or convert.
 bool makeConversion(const kivodt::CommandLine& line, kivoconvert::Conversion& conversion, std::string& error) {
     const kivoconvert::HexSides hex{line.hex || line.hexInput, line.hex || line.hexOutput};
     kivoconvert::ResolvedSpec<kivoconvert::InformatEntry> informat;
     kivoconvert::ResolvedSpec<kivoconvert::FormatEntry> format;
-    if (line.command == "format") {
+    if (line.commandBit == kivodt::FORMAT) {
         if (!kivoconvert::resolveFormat(line.spec, format, error)) {
             return false;
         }
         conversion = kivoconvert::Conversion::formatting(format, hex);
     } else if (!kivoconvert::resolveInformat(line.spec, informat, error)) {
         return false;
-    } else if (line.command == "informat") {
+    } else if (line.commandBit == kivodt::INFORMAT) {
         conversion = kivoconvert::Conversion::reading(informat, hex);
     } else if (!kivoconvert::resolveFormat(line.formatSpec, format, error) ||
                !kivoconvert::Conversion::converting(informat, format, hex, conversion, error)) {
@@ -146,7 +117,7 @@ int run(const kivodt::CommandLine& line) {
     std::string error;
     if (!threadCount(line, options.threads, error) || !kivodt::csvOptionsOf(line, csv, columns, error) ||
         !makeConversion(line, conversion, error)) {
-        return usageError(error);
+        return usageError(withListHint(error));
     }
     const kivodt::OutputStreams streams{stdout, stderr};
     kivodt::StreamSource input(stdin);
@@ -168,8 +139,19 @@ int runCommandLine(int argc, char** argv) {
     if (!kivodt::parseCommandLine(arguments, line, error)) {
         return usageError(error);
     }
+    if (line.version) {
+        std::fputs("kivodt " KIVODT_VERSION "\n", stdout);
+        return closeStandardOutput(kivodt::EXIT_OK, false);
+    }
     if (line.help) {
-        std::fputs(USAGE, stdout);
+        if (line.helpTopic.empty()) {
+            std::fwrite(kivodt::usageText().data(), 1, kivodt::usageText().size(), stdout);
+        } else if (const std::string text = kivodt::commandHelp(line.helpTopic); !text.empty()) {
+            std::fputs(text.c_str(), stdout);
+        } else {
+            return usageError("no command " + kivoconvert::quotedForMessage(line.helpTopic) + " to help with" +
+                              kivoconvert::didYouMean(commandNames(), line.helpTopic));
+        }
         return closeStandardOutput(kivodt::EXIT_OK, false);
     }
     // Checked before any input is read, like the options: a bad variable would otherwise surface only
@@ -181,8 +163,13 @@ int runCommandLine(int argc, char** argv) {
     if (!kivodt::applySettings(line, kivo::getFallbackServiceCreator(), error)) {
         return usageError(error);
     }
-    if (line.command == "list") {
-        kivodt::printCatalog(stdout);
+    if (line.commandBit == kivodt::LIST) {
+        if (!line.markdown) {
+            kivodt::printCatalog(stdout);
+        } else if (!kivodt::printReference(stdout, error)) {
+            std::fprintf(stderr, "kivodt: %s\n", error.c_str());
+            return kivodt::EXIT_BAD_INPUT;
+        }
         return closeStandardOutput(kivodt::EXIT_OK, false);
     }
     const int status = run(line);

@@ -23,11 +23,10 @@ $expected"
 lines() { printf '%s\n' "$@"; }  # lines A B...: the arguments one to a line, for an expected output
 expect() { check out "$@"; }
 fails() { check err "$@"; }
-usage_error() {  # usage_error NAME MESSAGE -- command...: status 2, the message and the pointer to --help
+usage_error() {  # usage_error NAME MESSAGE -- command...: status 2 and the one line of the message
     name=$1 message=$2
     shift 2
-    fails "$name" 2 "kivodt: $message
-(kivodt --help explains the usage)" "$@"
+    fails "$name" 2 "kivodt: $message" "$@"
 }
 both_positions() {  # both_positions EXPECTED_OUTPUT "OPTION [ARGUMENT]" COMMAND SPEC VALUE...
     expected=$1 option=$2 command=$3
@@ -40,16 +39,32 @@ expect "DATE9 arguments" 0 "$(lines 17MAR2021 01JAN1960)" -- "$KIVODT" format DA
 expect "lower-case spec, default width, missing values" 0 "$(lines 01JAN60 '      A')" -- "$KIVODT" format date 0 .a
 expect "standard input, a bad line goes on" 1 "$(lines 01JAN1960 '         ' 02JAN1960)" -- \
     sh -c "printf '0\nabc\n1\n' | '$KIVODT' format DATE9."
-usage_error "width out of range" "width 12 is outside the range of DATE: widths 5-11 (default 7)" -- \
+usage_error "width out of range" '"DATE12.": width 12 is outside the range of DATE: widths 5-11 (default 7)' -- \
     "$KIVODT" format DATE12. 0
-usage_error "decimals out of range" "decimals 4 are outside the range of TIME.4: decimals 0-3" -- \
-    "$KIVODT" format TIME4.4 0
+usage_error "decimals out of range, as typed" \
+    '"DATE9.2": decimals 2 are outside the range of DATE at width 9: decimals 0-0' -- "$KIVODT" format DATE9.2 0
 usage_error "unknown format" 'unknown format "DATX9."; did you mean DATE, DAY?' -- "$KIVODT" format DATX9. 0
-usage_error "unknown informat" 'unknown informat "NOSUCH"; `kivodt list` shows them all' -- \
+usage_error "unknown informat" 'unknown informat "NOSUCH"; kivodt list shows them all' -- \
     "$KIVODT" informat NOSUCH 0
+usage_error "a hostile spec, cut and escaped" \
+    "unknown format \"$(printf 'x%.0s' $(seq 60))\"... (131000 bytes); kivodt list shows them all" -- \
+    sh -c "'$KIVODT' format \"\$(head -c 131000 /dev/zero | tr -c x x)\" 0"
 usage_error "bad option value" '--datestyle takes dmy, dym, mdy, myd, ydm, ymd or locale, not "xyz"' -- \
     "$KIVODT" --datestyle xyz format DATE9. 0
-expect "help after the command" 0 "usage:" -- sh -c "'$KIVODT' format --help | head -1"
+for help in "-h" "--help" "help" "help format" "format --help"; do
+    expect "$help" 0 "usage:" -- sh -c "'$KIVODT' $help | head -1"
+done
+expect "--version" 0 "kivodt $(sed -n 's/^project(kivoudtmf VERSION \([0-9.]*\).*/\1/p' "$(dirname "$0")/../../CMakeLists.txt")" -- \
+    "$KIVODT" --version
+usage_error "a mistyped command" 'unknown command "formt"; did you mean format?' -- "$KIVODT" formt DATE9. 1
+usage_error "a mistyped option" 'unknown option "--datestyl"; did you mean --datestyle?' -- \
+    "$KIVODT" --datestyl dmy format DATE9. 1
+usage_error "extra arguments" 'list takes no arguments, not "extra"' -- "$KIVODT" list extra
+usage_error "a misplaced option" "--csv does not go with list" -- "$KIVODT" --csv 1 list
+usage_error "no command" "no command given; kivodt --help shows the usage" -- "$KIVODT"
+fails "format given dates points to convert, once" 1 "$(lines \
+    'kivodt: argument 1: not a number or missing value: "2021-03-17"; to read dates, use convert or informat: kivodt convert ANYDTDTE DATE9.' \
+    'kivodt: argument 2: not a number or missing value: "17MAR2021"')" -- "$KIVODT" format date9 2021-03-17 17MAR2021
 expect "after SPEC, -5 is a value" 0 "27DEC1959" -- "$KIVODT" format DATE9. -5
 
 # The front end's own numeric formats.
@@ -75,7 +90,8 @@ expect "convert, standard input, a datetime to its day" 0 "$(lines 17MAR2021 15J
     sh -c "printf '2021-03-17T23:59:59\n2000-01-15 10:30\n' | '$KIVODT' convert ANYDTDTM DATE9."
 usage_error "convert a time to a date" "ANYDTTME reads a time, which DATE cannot show (it shows a day serial)" -- \
     "$KIVODT" convert ANYDTTME DATE9. 1:30
-usage_error "convert needs two specs" "convert needs an INFORMAT and a FORMAT" -- "$KIVODT" convert ANYDTDTE
+usage_error "convert needs two specs" "convert needs an INFORMAT and a FORMAT; kivodt help convert shows how" -- \
+    "$KIVODT" convert ANYDTDTE
 expect "convert a packed format" 0 "2021076F" -- "$KIVODT" convert --hex-out ANYDTDTE PDJULG4. 2021-03-17
 usage_error "convert a packed format as text" "PDJULG writes bytes, not text: run it with --hex or --hex-out" -- \
     "$KIVODT" convert ANYDTDTE PDJULG4. 2021-03-17
@@ -92,6 +108,16 @@ expect "csv output field holding the delimiter, quoted" 0 "$(lines id,day '1,"Ma
     sh -c "printf 'id,day\n1,22356\n' | '$KIVODT' --csv day format WORDDATE18."
 usage_error "csv option without --csv" "--no-header, --delimiter and --keep-blanks go with --csv" -- \
     "$KIVODT" format --no-header DATE9. 0
+expect "a byte-order mark passes and is no part of a name" 0 "$(printf '\357\273\277day,id\n17MAR2021,1')" -- \
+    sh -c "printf '\\357\\273\\277day,id\\n22356,1\\n' | '$KIVODT' --csv day format DATE9."
+expect "an all-digit column name in quotes" 0 "$(lines 'id,2021' '1,17MAR2021')" -- \
+    sh -c "printf 'id,2021\\n1,22356\\n' | '$KIVODT' --csv '\"2021\"' format DATE9."
+usage_error "a column name the header holds twice" 'column "day" is in the header twice, as 2 and 3; choose it by number' -- \
+    sh -c "printf 'id,day,day\\n1,2,3\\n' | '$KIVODT' --csv day format DATE9."
+usage_error "a long header listed to 20 columns" \
+    "no column \"x\" in the header; the columns are 1 \"c1\", 2 \"c2\", 3 \"c3\", 4 \"c4\", 5 \"c5\", 6 \"c6\", 7 \"c7\", 8 \"c8\", 9 \"c9\", 10 \"c10\", \
+11 \"c11\", 12 \"c12\", 13 \"c13\", 14 \"c14\", 15 \"c15\", 16 \"c16\", 17 \"c17\", 18 \"c18\", 19 \"c19\", 20 \"c20\" and 5 more" -- \
+    sh -c "seq 25 | sed 's/^/c/' | paste -sd, | '$KIVODT' --csv x format DATE9."
 usage_error "csv with values" "--csv reads standard input, so it takes no VALUE or TEXT arguments" -- \
     "$KIVODT" format --csv 1 DATE9. 0
 

@@ -51,12 +51,13 @@ constexpr int maxDecimals(const Limits& limits, int width) {
 
 // One format: its name as a user writes it (upper case; the plain numeric layout "12.3" has the empty
 // name), the library's exported symbol it calls ("ddmmyybFormat"; empty for the engine's own
-// numeric formats), the function, its limits and the kind of value it shows. writesBytes marks the
-// formats whose field is binary (packed decimals), shown only as hex pairs.
+// numeric formats), the function, a line on what it shows, its limits and the kind of value it shows. writesBytes marks
+// the formats whose field is binary (packed decimals), shown only as hex pairs.
 struct FormatEntry {
     std::string_view name;
     std::string_view symbol;
     KivoFormatFunction function;
+    std::string_view description;  // what the field shows, in a line of the reference
     Limits limits;
     ValueKind kind;
     bool writesBytes = false;
@@ -73,6 +74,8 @@ struct InformatEntry {
     std::string_view name;
     std::string_view symbol;
     KivoInformatFunction function;
+    std::string_view description;  // what it reads, in a line of the reference
+    std::string_view examples;     // texts it reads, "|" between them (hex pairs for bytes)
     Limits limits;
     ValueKind kind;
     Reading reading = Reading::ONE_LAYOUT;
@@ -103,7 +106,10 @@ std::span<const InformatEntry> machineInformatEntries();  // packed decimals, ma
 
 // A catalog entry of a library format or informat: the symbol's text and the function come from the
 // one token `stem`, so the two cannot disagree; the catalog test checks NAME against the stem and the
-// stem against the library's exports. KIVO_FORMAT_ENTRY(DDMMYYB, ddmmyyb, limits, kind).
-#define KIVO_FORMAT_ENTRY(NAME, stem, ...) ::kivoconvert::FormatEntry{#NAME, #stem "Format", stem##Format, __VA_ARGS__}
+// stem against the library's exports.
+//   KIVO_FORMAT_ENTRY(DDMMYYB, ddmmyyb, "day, month and year with blanks", limits, kind)
+//   KIVO_INFORMAT_ENTRY(DATE, date, "day, month abbreviation and year", "17MAR2021|17-mar-21", limits, kind)
+#define KIVO_FORMAT_ENTRY(NAME, stem, ...) \
+    ::kivoconvert::FormatEntry { #NAME, #stem "Format", stem##Format, __VA_ARGS__ }
 #define KIVO_INFORMAT_ENTRY(NAME, stem, ...) \
-    ::kivoconvert::InformatEntry{#NAME, #stem "Informat", stem##Informat, __VA_ARGS__}
+    ::kivoconvert::InformatEntry { #NAME, #stem "Informat", stem##Informat, __VA_ARGS__ }

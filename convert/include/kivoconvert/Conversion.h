@@ -87,9 +87,7 @@ class ConvertedBlock {
 public:
     std::size_t size() const noexcept { return notes_.size(); }
     Note note(std::size_t i) const noexcept { return notes_[i]; }
-    std::string_view output(std::size_t i) const noexcept {
-        return {slots_.data() + i * slotSize_, lengths_[i]};
-    }
+    std::string_view output(std::size_t i) const noexcept { return {slots_.data() + i * slotSize_, lengths_[i]}; }
 
 private:
     friend class Conversion;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,10 @@ struct ResolvedSpec {
     int decimals = 0;
     bool widthGiven = false;
 };
+
+// "; did you mean DATE, DAY?" for the names within two edits of the one typed, or that begin with it,
+// nearest first and at most four; empty when there are none.
+std::string didYouMean(std::span<const std::string_view> names, std::string_view typed);
 
 // Looks the name up and checks the width and decimals against its limits; the default width fills in
 // a missing one. On failure, error names the format, its range and, for an unknown name, close names.

@@ -19,17 +19,17 @@ constexpr Limits MISSING_POSITION(int minWidth, int defaultWidth) {
 // h:mm:ss, h:mm, m:ss, whole hours, hh:mm:ss, h:mm:ss AM, 17MAR21:13:45:30, 17MAR21:01:45:30 PM,
 // 03/17/2021 13:45 PM and MAR 17 2021 01:45:30 PM.
 constexpr FormatEntry ENTRIES[] = {
-    KIVO_FORMAT_ENTRY(TIME, time, LAYOUT_DECIMALS(2, 8), ValueKind::TIME),
-    KIVO_FORMAT_ENTRY(HHMM, hhmm, LAYOUT_DECIMALS(2, 5), ValueKind::TIME),
-    KIVO_FORMAT_ENTRY(MMSS, mmss, LAYOUT_DECIMALS(2, 5), ValueKind::TIME),
-    KIVO_FORMAT_ENTRY(HOUR, hour, LAYOUT_DECIMALS(2, 2), ValueKind::TIME),
-    KIVO_FORMAT_ENTRY(TOD, tod, LAYOUT_DECIMALS(2, 8), ValueKind::TIME),
-    KIVO_FORMAT_ENTRY(TIMEAMPM, timeampm, LAYOUT_DECIMALS(2, 11), ValueKind::TIME),
-    KIVO_FORMAT_ENTRY(DATETIME, datetime, LAYOUT_DECIMALS(7, 16), ValueKind::DATETIME),
-    KIVO_FORMAT_ENTRY(DATEAMPM, dateampm, LAYOUT_DECIMALS(7, 19), ValueKind::DATETIME),
-    KIVO_FORMAT_ENTRY(MDYAMPM, mdyampm, MISSING_POSITION(8, 19), ValueKind::DATETIME),
-    KIVO_FORMAT_ENTRY(DMYAMPM, dmyampm, MISSING_POSITION(8, 19), ValueKind::DATETIME),
-    KIVO_FORMAT_ENTRY(MONDYTM, mondytm, LAYOUT_DECIMALS(20, 23), ValueKind::DATETIME),
+    KIVO_FORMAT_ENTRY(TIME, time, "hours, minutes and seconds of a time; a minus sign for a negative one", LAYOUT_DECIMALS(2, 8), ValueKind::TIME),
+    KIVO_FORMAT_ENTRY(HHMM, hhmm, "hours and minutes of a time", LAYOUT_DECIMALS(2, 5), ValueKind::TIME),
+    KIVO_FORMAT_ENTRY(MMSS, mmss, "minutes and seconds of a time", LAYOUT_DECIMALS(2, 5), ValueKind::TIME),
+    KIVO_FORMAT_ENTRY(HOUR, hour, "hours of a time, with their fraction as decimals", LAYOUT_DECIMALS(2, 2), ValueKind::TIME),
+    KIVO_FORMAT_ENTRY(TOD, tod, "the time of day of a time or datetime", LAYOUT_DECIMALS(2, 8), ValueKind::TIME),
+    KIVO_FORMAT_ENTRY(TIMEAMPM, timeampm, "the time of day with AM or PM", LAYOUT_DECIMALS(2, 11), ValueKind::TIME),
+    KIVO_FORMAT_ENTRY(DATETIME, datetime, "date and time of day", LAYOUT_DECIMALS(7, 16), ValueKind::DATETIME),
+    KIVO_FORMAT_ENTRY(DATEAMPM, dateampm, "date and time of day with AM or PM", LAYOUT_DECIMALS(7, 19), ValueKind::DATETIME),
+    KIVO_FORMAT_ENTRY(MDYAMPM, mdyampm, "month, day, year and the 24-hour time with AM or PM", MISSING_POSITION(8, 19), ValueKind::DATETIME),
+    KIVO_FORMAT_ENTRY(DMYAMPM, dmyampm, "day, month, year and the 24-hour time with AM or PM", MISSING_POSITION(8, 19), ValueKind::DATETIME),
+    KIVO_FORMAT_ENTRY(MONDYTM, mondytm, "month abbreviation, day, year and time with AM or PM", LAYOUT_DECIMALS(20, 23), ValueKind::DATETIME),
 };
 
 }  // namespace

@@ -19,22 +19,22 @@ constexpr ValueKind DATETIME = ValueKind::DATETIME;
 constexpr bool WRITES_BYTES = true;
 
 constexpr FormatEntry ENTRIES[] = {
-    KIVO_FORMAT_ENTRY(WORDDATE, worddate, NO_DECIMALS(3, MAX_FIELD, 18), DAY),
-    KIVO_FORMAT_ENTRY(WORDDATX, worddatx, NO_DECIMALS(3, MAX_FIELD, 18), DAY),
-    KIVO_FORMAT_ENTRY(WEEKDATE, weekdate, NO_DECIMALS(3, MAX_FIELD, 29), DAY),
-    KIVO_FORMAT_ENTRY(WEEKDATX, weekdatx, NO_DECIMALS(3, MAX_FIELD, 29), DAY),
-    KIVO_FORMAT_ENTRY(DTWKDATX, dtwkdatx, NO_DECIMALS(3, MAX_FIELD, 29), DATETIME),
-    KIVO_FORMAT_ENTRY(WEEKU, weeku, NO_DECIMALS(3, MAX_FIELD, 11), DAY),
-    KIVO_FORMAT_ENTRY(WEEKV, weekv, NO_DECIMALS(3, MAX_FIELD, 11), DAY),
-    KIVO_FORMAT_ENTRY(WEEKW, weekw, NO_DECIMALS(3, MAX_FIELD, 11), DAY),
-    KIVO_FORMAT_ENTRY(YYWEEKU, yyweeku, NO_DECIMALS(3, MAX_FIELD, 8), DAY),
-    KIVO_FORMAT_ENTRY(YYWEEKV, yyweekv, NO_DECIMALS(3, MAX_FIELD, 8), DAY),
-    KIVO_FORMAT_ENTRY(YYWEEKW, yyweekw, NO_DECIMALS(3, MAX_FIELD, 8), DAY),
-    KIVO_FORMAT_ENTRY(JULIAN, julian, NO_DECIMALS(5, MAX_FIELD, 5), DAY),
-    KIVO_FORMAT_ENTRY(MINGUO, minguo, NO_DECIMALS(6, 10, 8), DAY),
-    KIVO_FORMAT_ENTRY(NENGO, nengo, NO_DECIMALS(2, 10, 10), DAY),
-    KIVO_FORMAT_ENTRY(PDJULG, pdjulg, NO_DECIMALS(3, WIDEST_PACKED, 4), DAY, WRITES_BYTES),
-    KIVO_FORMAT_ENTRY(PDJULI, pdjuli, NO_DECIMALS(3, WIDEST_PACKED, 4), DAY, WRITES_BYTES),
+    KIVO_FORMAT_ENTRY(WORDDATE, worddate, "month in words, day and year", NO_DECIMALS(3, MAX_FIELD, 18), DAY),
+    KIVO_FORMAT_ENTRY(WORDDATX, worddatx, "day, month in words and year", NO_DECIMALS(3, MAX_FIELD, 18), DAY),
+    KIVO_FORMAT_ENTRY(WEEKDATE, weekdate, "weekday, month in words, day and year", NO_DECIMALS(3, MAX_FIELD, 29), DAY),
+    KIVO_FORMAT_ENTRY(WEEKDATX, weekdatx, "weekday, day, month in words and year", NO_DECIMALS(3, MAX_FIELD, 29), DAY),
+    KIVO_FORMAT_ENTRY(DTWKDATX, dtwkdatx, "the day of a datetime, as WEEKDATX shows it", NO_DECIMALS(3, MAX_FIELD, 29), DATETIME),
+    KIVO_FORMAT_ENTRY(WEEKU, weeku, "year, week and weekday under Sunday weeks, left-aligned", NO_DECIMALS(3, MAX_FIELD, 11), DAY),
+    KIVO_FORMAT_ENTRY(WEEKV, weekv, "ISO 8601 year, week and weekday, left-aligned", NO_DECIMALS(3, MAX_FIELD, 11), DAY),
+    KIVO_FORMAT_ENTRY(WEEKW, weekw, "year, week and weekday under Monday weeks, left-aligned", NO_DECIMALS(3, MAX_FIELD, 11), DAY),
+    KIVO_FORMAT_ENTRY(YYWEEKU, yyweeku, "year and week under Sunday weeks", NO_DECIMALS(3, MAX_FIELD, 8), DAY),
+    KIVO_FORMAT_ENTRY(YYWEEKV, yyweekv, "ISO 8601 year and week", NO_DECIMALS(3, MAX_FIELD, 8), DAY),
+    KIVO_FORMAT_ENTRY(YYWEEKW, yyweekw, "year and week under Monday weeks", NO_DECIMALS(3, MAX_FIELD, 8), DAY),
+    KIVO_FORMAT_ENTRY(JULIAN, julian, "year and day of the year", NO_DECIMALS(5, MAX_FIELD, 5), DAY),
+    KIVO_FORMAT_ENTRY(MINGUO, minguo, "year of the Minguo era, month and day", NO_DECIMALS(6, 10, 8), DAY),
+    KIVO_FORMAT_ENTRY(NENGO, nengo, "Japanese era, its year, month and day; a day of the running era after today shows *", NO_DECIMALS(2, 10, 10), DAY),
+    KIVO_FORMAT_ENTRY(PDJULG, pdjulg, "packed decimal year and day of the year (bytes)", NO_DECIMALS(3, WIDEST_PACKED, 4), DAY, WRITES_BYTES),
+    KIVO_FORMAT_ENTRY(PDJULI, pdjuli, "packed decimal century since 1900, year and day of the year (bytes)", NO_DECIMALS(3, WIDEST_PACKED, 4), DAY, WRITES_BYTES),
 };
 
 }  // namespace

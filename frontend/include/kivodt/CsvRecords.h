@@ -30,7 +30,8 @@ struct CsvRecord {
 // Reads the records of a CSV stream: fields split at the delimiter, a field that starts with a quote
 // runs to its closing quote (a doubled quote inside stands for one, and the delimiter and newlines are
 // text there), a record ends at a newline outside quotes, with a CR before it counted as part of the
-// terminator. A quote inside an unquoted field, and text after a closing quote, are kept as text.
+// terminator. A quote inside an unquoted field, and text after a closing quote, are kept as text. A
+// UTF-8 byte-order mark at the stream's start is part of the first record's bytes but of no field.
 //
 // Memory stays bounded by the record limit: a record longer than it is handed on in pieces, without its
 // fields, until its end.
@@ -50,7 +51,10 @@ public:
 private:
     enum class State : unsigned char { FIELD_START, UNQUOTED, QUOTED, QUOTE_IN_QUOTED };
 
+    static constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+
     Next nextPiece(CsvRecord& record);
+    bool skipsByteOrderMark(char c);
     void beginRecord();
     std::size_t scan(const char* data, std::size_t size, bool& ended);
     void endField(std::size_t end);
@@ -75,7 +79,8 @@ private:
     std::size_t quotedNewlines_ = 0;
     bool passing_ = false;  // handing on a record longer than the limit
     std::size_t number_ = 0;
-    std::size_t line_ = 1;  // the line the current record starts on
+    std::size_t line_ = 1;         // the line the current record starts on
+    std::size_t markMatched_ = 0;  // bytes of a byte-order mark at the stream's start; its size once past
 };
 
 }  // namespace kivodt

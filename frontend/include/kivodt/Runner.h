@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdio>
+#include <string>
+#include <string_view>
 
 #include "kivoconvert/Conversion.h"
 #include "kivodt/BufferedOutput.h"
@@ -24,6 +26,17 @@ struct RunOptions {
     bool keep = false;  // a text that cannot be used is written as it came
     int threads = 1;    // the most threads that convert one block; the output is the same for any count
     std::size_t elementsPerRun = kivoconvert::Fanout::ELEMENTS_PER_RUN;  // the fewest a thread is started for
+};
+
+// `format` takes numbers; a user who gives it dates meant convert or informat. The first text of a run
+// that a free-form informat would read as a date, time or datetime gets a pointer to them at the end of
+// its message ("; to read dates, use convert or informat: kivodt convert ANYDTDTE DATE9."), once.
+class DateTextHint {
+public:
+    std::string after(const kivoconvert::Conversion& conversion, kivoconvert::Note note, std::string_view text);
+
+private:
+    bool given_ = false;
 };
 
 // One output line per text of the reader's blocks: the conversion's output; for a left-out (empty or
