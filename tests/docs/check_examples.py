@@ -1,0 +1,55 @@
+"""Runs every shell example of the README and docs/ and compares what it prints with the text shown.
+
+An example is a line "$ COMMAND" in a fenced code block; the lines after it, up to the next "$ " line
+or the end of the block, are what COMMAND prints on standard output and standard error together. The
+examples of one file run in order, in one scratch directory, with the kivodt given first on PATH and
+none of the reference host's environment variables set.
+
+    check_examples.py KIVODT FILE...
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+
+def examples(path):
+    """(line number, command, expected output) for each example of a Markdown file."""
+    found, block, current = [], False, None
+    for number, line in enumerate(pathlib.Path(path).read_text().split("\n"), 1):
+        if line.startswith("```"):
+            if current:
+                found.append(current)
+            block, current = not block, None
+        elif block and line.startswith("$ "):
+            if current:
+                found.append(current)
+            current = (number, line[2:], [])
+        elif block and current:
+            current[2].append(line)
+    return [(number, command, "\n".join(lines)) for number, command, lines in found]
+
+
+def main():
+    kivodt, files = sys.argv[1], sys.argv[2:]
+    environment = {key: value for key, value in os.environ.items() if not key.startswith("KIVO_")}
+    environment["PATH"] = os.path.dirname(os.path.abspath(kivodt)) + os.pathsep + environment.get("PATH", "")
+    failures = ran = 0
+    for path in files:
+        with tempfile.TemporaryDirectory() as scratch:
+            for number, command, expected in examples(path):
+                ran += 1
+                result = subprocess.run(["sh", "-c", command], cwd=scratch, env=environment,
+                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+                got = result.stdout.removesuffix("\n")
+                if got != expected:
+                    failures += 1
+                    print(f"FAIL {path}:{number}: $ {command}\n--- got\n{got}\n--- shown\n{expected}")
+    print(f"{ran - failures} of {ran} examples print what they show")
+    sys.exit(1 if failures or not ran else 0)
+
+
+if __name__ == "__main__":
+    main()
