@@ -26,14 +26,14 @@ std::string joined(std::initializer_list<std::string_view> pieces) {
     return text;
 }
 
-// Whether ANYDTDTE's day 0 came from a "." or a bare time rather than from 1 January 1960: the kind
-// the free-form reader found says which.
-bool readsAsDayZero(std::string_view field) {
+// What the free-form reader found in a field: a 0 from ANYDTDTE or ANYDTTME is a real day or time only
+// when the kind found was the informat's own.
+kivo::AnydtType freeFormType(std::string_view field) {
     double value = 0;
-    kivo::AnydtType type = kivo::ANYDT_DATE;
+    kivo::AnydtType type = kivo::ANYDT_DATETIME;
     const int width = static_cast<int>(field.size());
-    return kivo::anydtInformats(field.data(), width, width, 0, value, type) &&
-           (type == kivo::ANYDT_TIME || type == kivo::ANYDT_MISSING);
+    kivo::anydtInformats(field.data(), width, width, 0, value, type);
+    return type;
 }
 
 }  // namespace
@@ -129,6 +129,8 @@ std::string Conversion::describe(Note note, std::string_view text) const {
             return tooLongText(LONGEST_TEXT);
         case Note::DAY_ZERO:
             return "read as day 0 (01JAN1960)";
+        case Note::TIME_ZERO:
+            return "read as time 0 (00:00:00): a date has no time of day";
         case Note::NONE:
         case Note::LEFT_OUT:
             break;
@@ -175,10 +177,15 @@ Note Conversion::freeFormNote(std::string_view field, double result) const {
     if (isMissingValue(result)) {
         return isMissingNotation(field) ? Note::NONE : Note::FOUND_NOTHING;
     }
-    if (result == 0 && informat_.entry->kind == ValueKind::DAY && readsAsDayZero(field)) {
-        return Note::DAY_ZERO;
+    if (result != 0) {
+        return Note::NONE;
     }
-    return Note::NONE;
+    const ValueKind kind = informat_.entry->kind;
+    if (kind == ValueKind::DAY) {
+        const kivo::AnydtType type = freeFormType(field);
+        return type == kivo::ANYDT_TIME || type == kivo::ANYDT_MISSING ? Note::DAY_ZERO : Note::NONE;
+    }
+    return kind == ValueKind::TIME && freeFormType(field) == kivo::ANYDT_DATE ? Note::TIME_ZERO : Note::NONE;
 }
 
 // The output of one text, at `output`; returns its length.

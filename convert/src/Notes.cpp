@@ -33,6 +33,12 @@ std::string quotedForMessage(std::string_view text) {
     return quoted;
 }
 
+std::string escapedForMessage(std::string_view text) {
+    std::string escaped;
+    appendEscaped(text.substr(0, SHOWN_TEXT_BYTES), escaped);
+    return text.size() > SHOWN_TEXT_BYTES ? escaped + "..." : escaped;
+}
+
 std::string quotedStart(std::string_view start) {
     std::string quoted = "\"";
     appendEscaped(start.substr(0, SHOWN_TEXT_BYTES), quoted);

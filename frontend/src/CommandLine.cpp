@@ -10,15 +10,16 @@ namespace {
 constexpr CommandLineOption turnsOn(std::string_view name, unsigned goesWith, bool CommandLine::*flag) {
     return {name, goesWith, nullptr, flag, nullptr};
 }
-constexpr CommandLineOption sets(std::string_view name, const kivo::OptionSetting& setting) {
-    return {name, CONVERTING, &setting, nullptr, nullptr};
+constexpr CommandLineOption sets(std::string_view name, unsigned goesWith, const kivo::OptionSetting& setting) {
+    return {name, goesWith, &setting, nullptr, nullptr};
 }
-constexpr CommandLineOption gives(std::string_view name, std::optional<std::string_view> CommandLine::*value) {
-    return {name, CONVERTING, nullptr, nullptr, value};
+constexpr CommandLineOption gives(std::string_view name, unsigned goesWith,
+                                  std::optional<std::string_view> CommandLine::*value) {
+    return {name, goesWith, nullptr, nullptr, value};
 }
 
 const CommandWord COMMANDS[] = {
-    {"format", FORMAT}, {"informat", INFORMAT}, {"convert", CONVERT}, {"list", LIST}, {"help", HELP},
+    {"format", FORMAT}, {"informat", INFORMAT}, {"convert", CONVERT}, {"guess", GUESS}, {"list", LIST}, {"help", HELP},
 };
 
 const CommandLineOption OPTIONS[] = {
@@ -28,16 +29,16 @@ const CommandLineOption OPTIONS[] = {
     turnsOn("--hex", CONVERTING, &CommandLine::hex),
     turnsOn("--hex-in", CONVERTING, &CommandLine::hexInput),
     turnsOn("--hex-out", CONVERTING, &CommandLine::hexOutput),
-    sets("--datestyle", kivo::settings::DATE_STYLE),
-    sets("--yearcutoff", kivo::settings::YEAR_CUTOFF),
-    sets("--missing-char", kivo::settings::MISSING_CHAR),
-    sets("--today", kivo::settings::TODAY),
+    sets("--datestyle", READING, kivo::settings::DATE_STYLE),
+    sets("--yearcutoff", READING, kivo::settings::YEAR_CUTOFF),
+    sets("--missing-char", CONVERTING, kivo::settings::MISSING_CHAR),
+    sets("--today", READING, kivo::settings::TODAY),
     turnsOn("--keep", CONVERTING, &CommandLine::keep),
-    gives("--csv", &CommandLine::csv),
-    turnsOn("--no-header", CONVERTING, &CommandLine::noHeader),
-    gives("--delimiter", &CommandLine::delimiter),
+    gives("--csv", READING, &CommandLine::csv),
+    turnsOn("--no-header", READING, &CommandLine::noHeader),
+    gives("--delimiter", READING, &CommandLine::delimiter),
     turnsOn("--keep-blanks", CONVERTING, &CommandLine::keepBlanks),
-    gives("--threads", &CommandLine::threads),
+    gives("--threads", CONVERTING, &CommandLine::threads),
     turnsOn("--markdown", LIST, &CommandLine::markdown),
 };
 
@@ -173,7 +174,7 @@ bool parseCommandLine(std::span<const std::string_view> arguments, CommandLine& 
     if (line.commandBit == HELP) {
         line.help = true;
         line.helpTopic = next < arguments.size() ? arguments[next++] : std::string_view();
-    } else if (line.commandBit != LIST && !takeSpecs(arguments, next, line, error)) {
+    } else if ((line.commandBit & CONVERTING) != 0 && !takeSpecs(arguments, next, line, error)) {
         return false;
     }
     line.inputs = arguments.subspan(next);

@@ -23,13 +23,6 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
     return first == std::string_view::npos ? std::string_view() : text.substr(first);
 }
 
-// The columns chosen, as found in the first record: the header, or the first row.
-struct ChosenColumns {
-    std::vector<std::string> names;  // the header's fields; empty with no header
-    std::size_t fieldCount = 0;
-    std::vector<std::size_t> columns;
-};
-
 // Writes blocks of rows back: the chosen fields replaced by their outputs, every other byte as it came.
 // A block's messages follow its rows, as in line mode.
 class CsvWriter {
@@ -148,24 +141,6 @@ private:
     int status_ = EXIT_OK;
 };
 
-RowTreatment treatmentOf(const CsvRecord& record, const ChosenColumns& chosen) {
-    if (record.unclosedQuote) {
-        return RowTreatment::UNCLOSED_QUOTE;
-    }
-    return record.fields.size() == chosen.fieldCount ? RowTreatment::CONVERT : RowTreatment::RAGGED;
-}
-
-// Finds the chosen columns in the first record: the header, or the first row.
-bool findColumns(const CsvRecord& first, const CsvOptions& csv, ChosenColumns& chosen, std::string& error) {
-    chosen.fieldCount = first.fields.size();
-    if (csv.header) {
-        for (const CsvFieldSpan field : first.fields) {
-            appendCsvFieldText(first.bytes.substr(field.begin, field.end - field.begin), chosen.names.emplace_back());
-        }
-    }
-    return resolveColumns(csv.columns, chosen.names, chosen.fieldCount, chosen.columns, error);
-}
-
 }  // namespace
 
 int runCsv(const Conversion& conversion, const CsvOptions& csv, const RunOptions& options, InputSource& input,
@@ -173,22 +148,11 @@ int runCsv(const Conversion& conversion, const CsvOptions& csv, const RunOptions
     BufferedOutput out(streams.out);
     CsvRecords records(input, csv.delimiter, csv.maxRecordLength);
     CsvRecord record;
-    CsvRecords::Next next = records.next(record);
-    if (next == CsvRecords::Next::END || next == CsvRecords::Next::READ_FAILED) {
-        return endOfRun(out, records.readError(), EXIT_OK, streams.err);
-    }
     ChosenColumns chosen;
-    std::string error;
-    if (next == CsvRecords::Next::PIECE || record.unclosedQuote) {
-        error = next == CsvRecords::Next::PIECE ? "longer than " + std::to_string(csv.maxRecordLength) + " bytes"
-                                                : "a quote is not closed before the end of the input";
-        std::fprintf(streams.err, "kivodt: row 1 (line 1): %s; no columns to convert\n", error.c_str());
-        return EXIT_USAGE;
+    if (const int status = startCsv(records, csv, record, chosen, streams.err); status != CSV_STARTED) {
+        return endOfRun(out, records.readError(), status, streams.err);
     }
-    if (!findColumns(record, csv, chosen, error)) {
-        std::fprintf(streams.err, "kivodt: %s\n", error.c_str());
-        return EXIT_USAGE;
-    }
+    CsvRecords::Next next;
     CsvWriter writer(conversion, csv, options, chosen, out, streams.err);
     CsvRowBlock block(csv.blockRows);
     if (csv.header) {
@@ -205,7 +169,7 @@ int runCsv(const Conversion& conversion, const CsvOptions& csv, const RunOptions
             }
             out.write(record.bytes);
         } else {
-            block.add(record, treatmentOf(record, chosen), chosen.columns);
+            block.add(record, chosen.treatmentOf(record), chosen.columns);
             if (block.full()) {
                 writer.write(block);
             }
@@ -218,6 +182,39 @@ int runCsv(const Conversion& conversion, const CsvOptions& csv, const RunOptions
         writer.write(block);
     }
     return endOfRun(out, records.readError(), writer.status(), streams.err);
+}
+
+RowTreatment ChosenColumns::treatmentOf(const CsvRecord& record) const {
+    if (record.unclosedQuote) {
+        return RowTreatment::UNCLOSED_QUOTE;
+    }
+    return record.fields.size() == fieldCount ? RowTreatment::CONVERT : RowTreatment::RAGGED;
+}
+
+int startCsv(CsvRecords& records, const CsvOptions& csv, CsvRecord& first, ChosenColumns& chosen, std::FILE* err) {
+    const CsvRecords::Next next = records.next(first);
+    if (next == CsvRecords::Next::END || next == CsvRecords::Next::READ_FAILED) {
+        return EXIT_OK;
+    }
+    if (next == CsvRecords::Next::PIECE || first.unclosedQuote) {
+        std::fprintf(err, "kivodt: row 1 (line 1): %s; no columns to convert\n",
+                     next == CsvRecords::Next::PIECE
+                         ? ("longer than " + std::to_string(csv.maxRecordLength) + " bytes").c_str()
+                         : "a quote is not closed before the end of the input");
+        return EXIT_USAGE;
+    }
+    chosen.fieldCount = first.fields.size();
+    if (csv.header) {
+        for (const CsvFieldSpan field : first.fields) {
+            appendCsvFieldText(first.bytes.substr(field.begin, field.end - field.begin), chosen.names.emplace_back());
+        }
+    }
+    std::string error;
+    if (!resolveColumns(csv.columns, chosen.names, chosen.fieldCount, chosen.columns, error)) {
+        std::fprintf(err, "kivodt: %s\n", error.c_str());
+        return EXIT_USAGE;
+    }
+    return CSV_STARTED;
 }
 
 }  // namespace kivodt

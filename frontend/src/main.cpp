@@ -16,6 +16,7 @@
 #include "kivoconvert/Spec.h"
 #include "kivodt/CommandLine.h"
 #include "kivodt/CsvRunner.h"
+#include "kivodt/GuessRunner.h"
 #include "kivodt/LineReader.h"
 #include "kivodt/Reference.h"
 #include "kivodt/Runner.h"
@@ -109,14 +110,34 @@ bool threadCount(const kivodt::CommandLine& line, int& threads, std::string& err
     return true;
 }
 
+// guess: the informat that reads the texts, or each chosen column of a CSV.
+int guess(const kivodt::CommandLine& line, const kivodt::CsvOptions& csv) {
+    const kivodt::OutputStreams streams{stdout, stderr};
+    kivodt::StreamSource input(stdin);
+    if (line.csv) {
+        return kivodt::runCsvGuess(csv, input, streams);
+    }
+    if (!line.inputs.empty()) {
+        kivodt::LineReader arguments(line.inputs, {});
+        return kivodt::runGuess(arguments, streams);
+    }
+    kivodt::LineReader lines(input);
+    return kivodt::runGuess(lines, streams);
+}
+
 int run(const kivodt::CommandLine& line) {
     kivodt::RunOptions options{.keep = line.keep};
     kivodt::CsvOptions csv;
     std::vector<kivodt::ColumnChoice> columns;
     kivoconvert::Conversion conversion;
     std::string error;
-    if (!threadCount(line, options.threads, error) || !kivodt::csvOptionsOf(line, csv, columns, error) ||
-        !makeConversion(line, conversion, error)) {
+    if (!threadCount(line, options.threads, error) || !kivodt::csvOptionsOf(line, csv, columns, error)) {
+        return usageError(error);
+    }
+    if (line.commandBit == kivodt::GUESS) {
+        return guess(line, csv);
+    }
+    if (!makeConversion(line, conversion, error)) {
         return usageError(withListHint(error));
     }
     const kivodt::OutputStreams streams{stdout, stderr};

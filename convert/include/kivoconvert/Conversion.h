@@ -35,7 +35,8 @@ struct HexSides {
 //      are not blank leave the text unread (PAST_WIDTH); the informat gets the field's length and then
 //      the text's; a text it rejects gives no value (REJECTED). A free-form informat never rejects: a
 //      missing value it stores for a text that is no missing-value notation is named (FOUND_NOTHING),
-//      and so is ANYDTDTE's day 0 for "." or a bare time (DAY_ZERO); both keep their value;
+//      and so are ANYDTDTE's day 0 for "." or a bare time (DAY_ZERO) and ANYDTTME's time 0 for a date
+//      (TIME_ZERO); these keep their value;
 //   4. the value handed over to the format's kind (a datetime to a date format gives its day);
 //   5. the output: the format's field (as hex pairs with hex output), or the value printed as the
 //      shortest decimal that reads back to it. A text that gave no value gets the stand-in: a blank field

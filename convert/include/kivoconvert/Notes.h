@@ -19,15 +19,16 @@ enum class Note : unsigned char {
     TOO_LONG,       // longer than an informat can be handed (its length is an int)
     FOUND_NOTHING,  // a free-form informat read nothing, yet the text is no missing-value notation
     DAY_ZERO,       // a free-form date read "." or a bare time as day 0, as it must; the value is kept
+    TIME_ZERO,      // a free-form time read a date (which has no time of day) as 0, as it must; kept
 };
 
 // Whether a front end names the text in a message (and ends its run with status 1).
 constexpr bool isNamed(Note note) noexcept { return note != Note::NONE && note != Note::LEFT_OUT; }
 
 // Whether the text gave a value that the front end shows: a read that found nothing still gives the
-// missing value, and ANYDTDTE's day 0 stays day 0.
+// missing value, and ANYDTDTE's day 0 and ANYDTTME's time 0 stay 0.
 constexpr bool keepsValue(Note note) noexcept {
-    return note == Note::NONE || note == Note::FOUND_NOTHING || note == Note::DAY_ZERO;
+    return note == Note::NONE || note == Note::FOUND_NOTHING || note == Note::DAY_ZERO || note == Note::TIME_ZERO;
 }
 
 // How many bytes of a text a message shows before it cuts the rest.
@@ -37,6 +38,9 @@ inline constexpr std::size_t SHOWN_TEXT_BYTES = 60;
 // as \xHH ("\t" for a tab, \" and \\ for a quote and a backslash): "a\x00b". A longer text shows its
 // first SHOWN_TEXT_BYTES bytes in the quotes, then its length: "<first 60 bytes>"... (10485760 bytes).
 std::string quotedForMessage(std::string_view text);
+
+// The same without the quotes, for a name that stands alone (a"b and a tab show as a\\"b\\t), cut as above.
+std::string escapedForMessage(std::string_view text);
 
 // The same for a text of which only the first bytes are at hand (a line streamed past): "<first 60
 // bytes>"... with no length.

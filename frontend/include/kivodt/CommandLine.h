@@ -21,8 +21,10 @@ enum Command : unsigned {
     CONVERT = 4,
     LIST = 8,
     HELP = 16,
+    GUESS = 32,
     CONVERTING = FORMAT | INFORMAT | CONVERT,
-    EVERY_COMMAND = FORMAT | INFORMAT | CONVERT | LIST | HELP,
+    READING = CONVERTING | GUESS,  // the commands that read texts, a CSV's among them
+    EVERY_COMMAND = FORMAT | INFORMAT | CONVERT | LIST | HELP | GUESS,
 };
 
 // The command words, in the order the usage lists them, each with its bit.
