@@ -79,7 +79,7 @@ void writeDatetimeToTheSecond(const Datetime& datetime, char*& out, int width) n
     Clock clock = Clock::of(seconds);
     roundSeconds(clock, -1, 0);
     field::blanks(out, width - LONG_DATE_AND_CLOCK);
-    DATE_LAYOUTS.write(LONG_DATE, out, ymd, ' ');
+    DATE_LAYOUTS.write(LONG_DATE, out, layout::numericDate(ymd));
     *out++ = ':';
     field::twoDigits(out, clock.hours);
     *out++ = ':';
@@ -133,6 +133,7 @@ void writeDatetime(const Datetime& datetime, char*& out, int width, int decimals
 }  // namespace kivo::format::datetime
 
 extern "C" int datetimeFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+    return kivo::format::datetime::entry::withDatetime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::DATETIME.decimals, decimals), value,
                                                       kivo::format::datetime::writeDatetime);
 }

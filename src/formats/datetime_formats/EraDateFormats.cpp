@@ -172,11 +172,11 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int minguoFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeMinguo);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeMinguo);
 }
 
 int nengoFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeNengo);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeNengo);
 }
 
 }  // extern "C"

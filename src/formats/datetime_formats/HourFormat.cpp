@@ -66,5 +66,7 @@ void writeHours(double value, char*& out, int width, int decimals) noexcept {
 }  // namespace kivo::format::datetime
 
 extern "C" int hourFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withTime(field, width, decimals, 0, value, kivo::format::datetime::writeHours);
+    return kivo::format::datetime::entry::withTime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::HOUR.decimals, decimals), value,
+        kivo::format::datetime::writeHours);
 }

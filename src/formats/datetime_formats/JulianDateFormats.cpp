@@ -132,7 +132,7 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int julianFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeJulian);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeJulian);
 }
 
 int pdjulgFormat(char* field, int width, int, double value) {

@@ -90,6 +90,7 @@ void writeMondytm(const Datetime& datetime, char*& out, int width, int decimals)
 }  // namespace kivo::format::datetime
 
 extern "C" int mondytmFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+    return kivo::format::datetime::entry::withDatetime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::MONDYTM.decimals, decimals), value,
                                                       kivo::format::datetime::writeMondytm);
 }

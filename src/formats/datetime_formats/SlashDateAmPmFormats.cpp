@@ -61,7 +61,8 @@ void writeSlashDateAmPm(const Datetime& datetime, char*& out, int width, Order o
 
 template <Order order>
 int slashDateAmPmFormat(char* field, int width, int decimals, double value) noexcept {
-    return entry::withDatetime(field, width, 0, decimals, value, [](const Datetime& datetime, char*& out, int w) {
+    const entry::DecimalsUse use = entry::decimalsUse(limits::SLASH_DATE_AM_PM.decimals, decimals);
+    return entry::withDatetime(field, width, use, value, [](const Datetime& datetime, char*& out, int w) {
         writeSlashDateAmPm(datetime, out, w, order);
     });
 }

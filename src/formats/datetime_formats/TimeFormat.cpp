@@ -113,5 +113,7 @@ void writeTime(double value, char*& out, int width, int decimals) noexcept {
 }  // namespace kivo::format::datetime
 
 extern "C" int timeFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withTime(field, width, decimals, 0, value, kivo::format::datetime::writeTime);
+    return kivo::format::datetime::entry::withTime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::TIME.decimals, decimals), value,
+        kivo::format::datetime::writeTime);
 }

@@ -93,27 +93,27 @@ using kivo::Date;
 extern "C" {
 
 int weekuFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeek<&Date::yearWeekUDay, true>);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeek<&Date::yearWeekUDay, true>);
 }
 
 int weekvFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeek<&Date::yearWeekVDay, true>);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeek<&Date::yearWeekVDay, true>);
 }
 
 int weekwFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeek<&Date::yearWeekWDay, true>);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeek<&Date::yearWeekWDay, true>);
 }
 
 int yyweekuFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeek<&Date::yearWeekUDay, false>);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeek<&Date::yearWeekUDay, false>);
 }
 
 int yyweekvFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeek<&Date::yearWeekVDay, false>);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeek<&Date::yearWeekVDay, false>);
 }
 
 int yyweekwFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeek<&Date::yearWeekWDay, false>);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeek<&Date::yearWeekWDay, false>);
 }
 
 }  // extern "C"

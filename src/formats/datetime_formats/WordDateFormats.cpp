@@ -210,23 +210,23 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int worddateFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWorddate);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWorddate);
 }
 
 int worddatxFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWorddatx);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWorddatx);
 }
 
 int weekdateFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeekdate);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeekdate);
 }
 
 int weekdatxFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::doWeekdatxFormat);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::doWeekdatxFormat);
 }
 
 int dtwkdatxFormat(char* field, int width, int, double value) {
-    return entry::withDatetimeDate(field, width, 0, 0, value, datetime::doWeekdatxFormat);
+    return entry::withDatetimeDate(field, width, entry::NO_DECIMALS, value, datetime::doWeekdatxFormat);
 }
 
 }  // extern "C"
