@@ -36,10 +36,13 @@ static_assert(daySerialOf({1959, 12, 31}) == -1);
 struct Era {
     char letter;
     CivilDay first;
+    int firstDay;  // the day serial of first
+
+    constexpr Era(char eraLetter, CivilDay firstCivilDay) noexcept
+        : letter(eraLetter), first(firstCivilDay), firstDay(daySerialOf(firstCivilDay)) {}
 
     // The year before the era's year 1: a calendar year is base() + the era year.
     constexpr int base() const noexcept { return first.year - 1; }
-    constexpr int firstDay() const noexcept { return daySerialOf(first); }
 };
 
 // In date order; each era runs up to the day before the next one's first day. The last is the running
@@ -64,14 +67,14 @@ constexpr int lastYearOf(const Era& era) noexcept {
 
 constexpr bool inDateOrder() noexcept {
     for (int i = 1; i < ERA_COUNT; ++i) {
-        if (ERAS[i].firstDay() <= ERAS[i - 1].firstDay()) {
+        if (ERAS[i].firstDay <= ERAS[i - 1].firstDay) {
             return false;
         }
     }
     return true;
 }
 static_assert(inDateOrder());
-static_assert(ERAS[0].firstDay() == -33358 && RUNNING_ERA.firstDay() == 21670);
+static_assert(ERAS[0].firstDay == -33358 && RUNNING_ERA.firstDay == 21670);
 static_assert(lastYearOf(ERAS[0]) == 45 && lastYearOf(ERAS[3]) == 31 && lastYearOf(RUNNING_ERA) == 0);
 
 }  // namespace kivo::era
