@@ -89,6 +89,19 @@ inline void twoDigits(char*& out, int value) noexcept {
     out += 2;
 }
 
+// " 0" " 1" ... " 9" "10" ... "99": a number below 100 in two positions, blank-led, in one copy and with
+// no branch on its length, for the hours of a clock, which come below 10 and from 10 on alike.
+struct DigitPairTable {
+    char pairs[200];
+};
+inline constexpr DigitPairTable BLANK_LED_PAIRS = [] {
+    DigitPairTable table{};
+    for (int i = 0; i < 200; ++i) {
+        table.pairs[i] = i < 20 && i % 2 == 0 ? ' ' : DIGIT_PAIRS[i];
+    }
+    return table;
+}();
+
 // value 0..99 in two positions, a blank in front of a single digit.
 inline void twoDigitsBlankLed(char*& out, int value) noexcept {
     out[0] = value < 10 ? ' ' : DIGITS[value / 10];

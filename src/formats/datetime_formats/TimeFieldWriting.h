@@ -21,8 +21,20 @@ namespace kivo::format::datetime::timefield {
 // so that a value stored a hair below its decimal form (0.29 is 0.28999...) still prints as written.
 inline constexpr double ROUNDING_NUDGE = std::bit_cast<double>(std::uint64_t{0x3FF0000000000002});
 
-// 0.5000001: the half unit TIME adds when it shows fewer decimals than it was asked for.
+// 0.5000001: the half unit TIME adds when it shows fewer decimals than it was asked for. The hair above
+// a half lets a second stored just below a digit's rounding point, as one computed in floating point
+// often is, round as the decimal written would.
 inline constexpr double WIDE_HALF = std::bit_cast<double>(std::uint64_t{0x3FE0000035AFE535});
+
+// TIME carries its seconds into the minutes when they reach 60 less half a unit less this margin: a
+// second within 1e-8 of the carry, as a time worked out in floating point can land, shows the next
+// minute rather than 59 and a run of nines.
+inline constexpr double TIME_CARRY_MARGIN = 1e-8;
+
+// The twelve-hour layouts that stop at the minutes (or the hour) still round the seconds they do not
+// show, by half a second and a hair: a time computed to just below x:59.5 moves on to the next minute as
+// the one written x:59.5 does.
+inline constexpr double UNSEEN_SECONDS_HALF = 0.50000001;
 
 // The last instant that still belongs to a day: SECONDS_PER_DAY - 2^-31. A time of day at or past it
 // is shown as midnight of the next day.
@@ -172,7 +184,7 @@ enum class Detail { MINUTES, SECONDS, DECIMALS };
 inline void roundTwelveHourClock(Clock& clock, Detail detail, int decimals, int decimalsShown) noexcept {
     double s = clock.seconds;
     if (detail == Detail::MINUTES) {
-        s += 0.50000001;
+        s += UNSEEN_SECONDS_HALF;
     } else if (detail == Detail::SECONDS) {
         s += 0.5;
     } else {
