@@ -13,7 +13,7 @@ namespace kivo::format::datetime {
 
 namespace {
 
-// The decimals that fit after nd integer digits and a point in width positions.
+// The decimals that fit after the integer digits and a point in width positions.
 int shownDecimals(int width, int integerDigits, int decimals) noexcept {
     const int used = integerDigits + 1 < width ? integerDigits + 1 : width;
     return width - used < decimals ? width - used : decimals;
