@@ -83,6 +83,8 @@ inline constexpr char DIGIT_PAIRS[] =
     "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
     "8081828384858687888990919293949596979899";
 
+static_assert(sizeof DIGIT_PAIRS == 2 * 100 + 1);
+
 // value 0..99 as two digits, with a leading zero.
 inline void twoDigits(char*& out, int value) noexcept {
     std::memcpy(out, DIGIT_PAIRS + 2 * value, 2);
@@ -101,6 +103,7 @@ inline constexpr DigitPairTable BLANK_LED_PAIRS = [] {
     }
     return table;
 }();
+static_assert(BLANK_LED_PAIRS.pairs[0] == ' ' && BLANK_LED_PAIRS.pairs[19] == '9' && BLANK_LED_PAIRS.pairs[20] == '1');
 
 // value 0..99 in two positions, a blank in front of a single digit.
 inline void twoDigitsBlankLed(char*& out, int value) noexcept {

@@ -35,6 +35,7 @@ void nameRightAlignedOrCut(char*& out, int width, const char* name, int length) 
 
 // MONTH at width 1: one character per month, the letters A, B and C for October to December.
 constexpr char SINGLE_CHARACTER_MONTHS[] = "?123456789ABC";
+static_assert(sizeof SINGLE_CHARACTER_MONTHS == 1 + 12 + 1);  // a month 1..12, and the literal's NUL
 
 void writeDay(const Date& date, char*& out, int width) noexcept {
     rightAligned(out, width, 2, [&](char*& o) { field::twoDigitsBlankLed(o, date.day()); });

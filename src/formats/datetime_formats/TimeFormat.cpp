@@ -74,8 +74,11 @@ int leadingBlanks(int rest, int shown) noexcept {
 
 // h:mm:ss or hh:mm:ss, the text of TIME8.
 constexpr int WHOLE_SECONDS_TEXT = 8;
-// Below 100 hours the hour has at most two digits and the text fits WHOLE_SECONDS_TEXT.
+// Below 100 hours the hour has at most two digits and the text fits WHOLE_SECONDS_TEXT; the whole
+// seconds of such a time fit 32 bits, and Clock::of splits it in integers.
 constexpr double TWO_HOUR_DIGITS_LIMIT = 100 * 3600.0;
+static_assert(TWO_HOUR_DIGITS_LIMIT <= Clock::INTEGER_SPLIT_LIMIT);
+static_assert(WHOLE_SECONDS_TEXT == 2 + FULL_CLOCK_EXTRA - 1);  // hh:mm:ss is the full clock without its point
 
 // TIME8. and wider with no decimals, of a time from 0 up to 100 hours whose seconds do not carry: blanks
 // and h:mm:ss, the layout most fields have, worked out in integers.
