@@ -28,6 +28,18 @@ inline constexpr double DAY_END = 86400.0 - 0x1p-31;
 
 inline void pair(char* out, unsigned value) noexcept { std::memcpy(out, PAIRS + 2 * value, 2); }
 
+// " 0" ... " 9" "10" ... "99": an hour in two positions with no branch on its digits.
+struct PairTable {
+    char pairs[200];
+};
+inline constexpr PairTable BLANK_LED_PAIRS = [] {
+    PairTable table{};
+    for (int i = 0; i < 200; ++i) {
+        table.pairs[i] = i < 20 && i % 2 == 0 ? ' ' : PAIRS[i];
+    }
+    return table;
+}();
+
 // "17MAR2021" at out.
 inline void date9(char* out, const kivo::Date& date) noexcept {
     const kivo::Date::YMD ymd = date.yearMonthDay();
@@ -96,29 +108,31 @@ inline void date9Field(char* field, double value) noexcept {
     date9(field, date);
 }
 
-// TIME8. of a time within one day; other durations go to the library's format.
+// TIME8. of a time within one day, and nothing more: the two host calls of the time formats' prologue
+// (the datetime and whether it is valid) and the missing check, the half-second rounding, then hours,
+// minutes and seconds by integer division, laid out without a branch. Other durations, and the rare
+// seconds that carry into the next minute, go to the library's format.
 inline void time8Field(char* field, double value) noexcept {
     if (writtenAsMissing(field, 8, value)) {
         return;
     }
-    if (!kivo::Datetime(value).isValid() || !(value >= 0.0 && value < 86400.0)) {
+    if (!kivo::Datetime(value).isValid() || !(value >= 0.0 && value < 86400.0)) [[unlikely]] {
         timeFormat(field, 8, 0, value);
         return;
     }
-    Clock clock = split(value);
-    const double s = clock.seconds * NUDGE;
-    if (s + 0.50000001 >= 60.0) {
-        carry(clock);
-    } else {
-        clock.seconds = s + 0.5;
+    const auto whole = static_cast<unsigned>(value);
+    const unsigned wholeMinutes = whole / 60;
+    const double s = (static_cast<double>(whole - wholeMinutes * 60) + (value - whole)) * NUDGE;
+    if (s + 0.50000001 >= 60.0) [[unlikely]] {
+        timeFormat(field, 8, 0, value);
+        return;
     }
-    if (clock.hours < 10) {
-        field[0] = ' ';
-        field[1] = static_cast<char>('0' + clock.hours);
-    } else {
-        pair(field, clock.hours);
-    }
-    minutesSeconds(field + 2, clock);
+    const unsigned hours = wholeMinutes / 60;
+    std::memcpy(field, BLANK_LED_PAIRS.pairs + 2 * hours, 2);
+    field[2] = ':';
+    pair(field + 3, wholeMinutes - hours * 60);
+    field[5] = ':';
+    pair(field + 6, static_cast<unsigned>(s + 0.5));
 }
 
 // DATETIME19.: " 17MAR2021:13:45:30".

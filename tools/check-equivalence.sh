@@ -3,15 +3,19 @@
 # before the change) and the change (the working tree, or the commit KIVO_EQUIVALENCE_HEAD), the latter
 # with gcc and clang at -O0, -O2 and the release flags, and compares the fields of seeded values for
 # every format in `kivodt list` — HOT_COUNT values for the formats a speed change touches most, COUNT
-# for the others — against BASE's gcc release build.
+# for the others — against BASE's gcc release build. The informats likewise: every informat of the list
+# reads the same INFORMAT_COUNT texts (valid, near-valid and hostile, written once by BASE's build), and
+# a hash of each one's results (value bits and return code) must not move.
 #
-#   tools/check-equivalence.sh BASE [COUNT [HOT_COUNT]]        (defaults 1000000 and 10000000)
+#   tools/check-equivalence.sh BASE [COUNT [HOT_COUNT [INFORMAT_COUNT]]]
+#                                                  (defaults 1000000, 10000000 and 200000)
 #   KIVO_EQUIVALENCE_VARIANTS="gcc:Release clang:Debug" narrows the builds of the working tree.
 set -euo pipefail
 
 base=${1:?usage: tools/check-equivalence.sh BASE [COUNT [HOT_COUNT]]}
 count=${2:-1000000}
 hot_count=${3:-10000000}
+informat_count=${4:-200000}
 hot_formats=${KIVO_EQUIVALENCE_HOT:-"DATE DTDATE DATETIME TIME BEST"}
 variants=${KIVO_EQUIVALENCE_VARIANTS:-"gcc:Release gcc:RelWithDebInfo gcc:Debug clang:RelWithDebInfo clang:Debug"}
 seed=20261122
@@ -42,6 +46,9 @@ build() {
     g++ -std=c++20 -O2 -o "$2/field_hashes" "${numeric[@]}" "$root/tools/equivalence/FieldHashes.cpp" \
         "$1/$room/src/NumericFormats.cpp" -I"$root/tests" -I"$1/include" -I"$1/host" -I"$1/$room/include" \
         -L"$2/src" -L"$2/refhost" -lkivoudtmf -lkivoxcore -ldl -Wl,-rpath,"$2/src:$2/refhost"
+    g++ -std=c++20 -O2 -o "$2/informat_hashes" "$root/tools/equivalence/InformatHashes.cpp" -I"$root/tests" \
+        -I"$1/include" -I"$1/host" -L"$2/src" -L"$2/refhost" -Wl,--no-as-needed -lkivoudtmf -lkivoxcore -ldl \
+        -Wl,-rpath,"$2/src:$2/refhost"
 }
 
 # The formats of the catalog, split into the hot ones and the rest.
@@ -62,6 +69,17 @@ compare() {
     [ "$differing" -eq 0 ]
 }
 
+# compare_informats DIR: informats whose results over the corpus differ between BASE and DIR.
+compare_informats() {
+    "$1/informat_hashes" hash "$work/corpus" < "$work/list" > "$1.informats"
+    local differing total
+    differing=$(diff "$work/base-build.informats" "$1.informats" | grep -c '^>') || true
+    total=$(awk '{ n += $2 } END { print n + 0 }' "$1.informats")
+    printf '  %-26s %-9s %10d texts %8d informats differing (of %d)\n' "$(basename "$1")" informats "$total" \
+        "$differing" "$(wc -l < "$1.informats")"
+    [ "$differing" -eq 0 ]
+}
+
 echo "building $base (gcc, Release)"
 git -C "$root" worktree add --detach "$work/base" "$base" >/dev/null 2>&1
 head_tree=$root
@@ -70,6 +88,9 @@ if [ -n "${KIVO_EQUIVALENCE_HEAD:-}" ]; then
     head_tree=$work/head
 fi
 build "$work/base" "$work/base-build" g++ Release
+"$work/base-build/frontend/kivodt" list > "$work/list"
+"$work/base-build/informat_hashes" corpus "$informat_count" $seed < "$work/list" > "$work/corpus"
+"$work/base-build/informat_hashes" hash "$work/corpus" < "$work/list" > "$work/base-build.informats"
 failed=0
 for variant in $variants; do
     compiler=${variant%%:*}
@@ -77,8 +98,8 @@ for variant in $variants; do
     dir="$work/head-$compiler-$type"
     echo "building the change ($compiler, $type)"
     build "$head_tree" "$dir" "$(compiler_of "$compiler")" "$type"
-    [ -f "$work/list" ] || "$dir/frontend/kivodt" list > "$work/list"
     compare "$dir" hot "$hot_count" || failed=1
     compare "$dir" rest "$count" || failed=1
+    compare_informats "$dir" || failed=1
 done
 exit $failed

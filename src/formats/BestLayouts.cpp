@@ -40,6 +40,12 @@ ExponentRow smallBestRow(int width, int e) {
 
 // The irregular rows (width 5 with e = 10 and 11, width 6 with e = 12, width 7 with e = 102) are
 // deliberate: they are what the field has always shown.
+//
+// At width 7 and e = 102 the row splits at 1.12e102: from there on four significant digits are
+// planned, below it two (one more for the blank layout). Part of the same record of what the field
+// has shown, kept to the digit.
+constexpr double WIDTH_7_E_102_SPLIT = 1.12e102;
+
 ExponentRow largeRealRow(double x, int width, int e, bool blankLayout) {
     switch (width) {
         case 0:
@@ -64,7 +70,7 @@ ExponentRow largeRealRow(double x, int width, int e, bool blankLayout) {
         case 7:
             if (e <= 9) return {4, true, e};
             if (e <= 99) return {3, true, e};
-            if (e == 102 && x >= 1.12e102) return {4, false, e - 3};
+            if (e == 102 && x >= WIDTH_7_E_102_SPLIT) return {4, false, e - 3};
             if (e == 102 && !blankLayout) return {2, false, e - 1};
             return {3, false, e - 2};
         default:

@@ -11,6 +11,9 @@ namespace kivo::format::limbs {
 
 inline constexpr double TWO_POW_56 = 72057594037927936.0;
 inline constexpr std::uint64_t LOW_LIMB_BASE = std::uint64_t{1} << 56;
+static_assert(TWO_POW_56 == static_cast<double>(LOW_LIMB_BASE));
+// The first value a high limb of 64 bits cannot hold.
+inline constexpr double TWO_POW_64 = 0x1p64;
 
 class DecimalLimbs {
 public:
@@ -25,7 +28,7 @@ public:
             return;
         }
         const double high = std::trunc(whole / TWO_POW_56);
-        if (!(high < 18446744073709551616.0)) {
+        if (!(high < TWO_POW_64)) {
             high_ = ~std::uint64_t{0};
             low_ = LOW_LIMB_BASE - 1;
             return;

@@ -83,11 +83,27 @@ inline constexpr char DIGIT_PAIRS[] =
     "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
     "8081828384858687888990919293949596979899";
 
+static_assert(sizeof DIGIT_PAIRS == 2 * 100 + 1);
+
 // value 0..99 as two digits, with a leading zero.
 inline void twoDigits(char*& out, int value) noexcept {
     std::memcpy(out, DIGIT_PAIRS + 2 * value, 2);
     out += 2;
 }
+
+// " 0" " 1" ... " 9" "10" ... "99": a number below 100 in two positions, blank-led, in one copy and with
+// no branch on its length, for the hours of a clock, which come below 10 and from 10 on alike.
+struct DigitPairTable {
+    char pairs[200];
+};
+inline constexpr DigitPairTable BLANK_LED_PAIRS = [] {
+    DigitPairTable table{};
+    for (int i = 0; i < 200; ++i) {
+        table.pairs[i] = i < 20 && i % 2 == 0 ? ' ' : DIGIT_PAIRS[i];
+    }
+    return table;
+}();
+static_assert(BLANK_LED_PAIRS.pairs[0] == ' ' && BLANK_LED_PAIRS.pairs[19] == '9' && BLANK_LED_PAIRS.pairs[20] == '1');
 
 // value 0..99 in two positions, a blank in front of a single digit.
 inline void twoDigitsBlankLed(char*& out, int value) noexcept {

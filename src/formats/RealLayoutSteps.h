@@ -97,7 +97,7 @@ inline void planFixedPlaces(FormatRealFields& f, int places) {
 // The small BEST table, shared with the small D and small percent layouts (width >= 5, e < 0).
 ExponentRow smallBestRow(int width, int e);
 
-// The large BEST table (w <= e); the blank layout differs in one row, at width 7 and e = 102.
+// The large BEST table (width <= e); the blank layout differs in one row, at width 7 and e = 102.
 ExponentRow largeRealRow(double x, int width, int e, bool blankLayout);
 
 // The small BEST layout after its plan: the plain-notation fallback for a carry at widths 5 and 6,

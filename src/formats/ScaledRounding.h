@@ -47,7 +47,9 @@ inline void multiplyByPowerOfTen(double& value, int power) noexcept {
 
 // x scaled to the planned digits, rounded half up, then nudged by the fuzz factor: a value a hair
 // below a rounding boundary only because of its binary form is pushed over it, but only while the
-// nudge stays below 0.05 units of the last digit.
+// nudge stays below LARGEST_NUDGE units of the last digit, far short of changing a digit that is there.
+inline constexpr double LARGEST_NUDGE = 0.05;
+
 struct RoundedWhole {
     double whole;          // the rounded value, a whole number
     std::uint64_t number;  // the same as an integer, when inOneWord
@@ -65,7 +67,7 @@ inline RoundedWhole roundedScaledValue(double value, int scale, double fuzz) noe
         if (static_cast<double>(static_cast<std::int64_t>(x)) != x) {
             x += 0.5;
         }
-        if (fuzz * x < 0.05) {
+        if (fuzz * x < LARGEST_NUDGE) {
             x *= 1.0 + fuzz;
         }
         return {0.0, static_cast<std::uint64_t>(static_cast<std::int64_t>(x)), true};
@@ -73,7 +75,7 @@ inline RoundedWhole roundedScaledValue(double value, int scale, double fuzz) noe
     if (x != std::trunc(x) || std::isnan(x)) {
         x += 0.5;
     }
-    if (fuzz * x < 0.05) {
+    if (fuzz * x < LARGEST_NUDGE) {
         x *= 1.0 + fuzz;
     }
     const double whole = std::trunc(x);

@@ -49,7 +49,10 @@ struct KIVO_EXPORT FormatRealFields {
     void setExponentDigits();
 
     // Write leadingBlanks + the field's characters at out and advance it; no terminator.
+    // Example: outputReal of getRealForBestFormat(-2.5, 5) with '.', '-', AFTER -> " 2.5-"
     void outputReal(char*& out, char pointChar, char signChar, NegativePosition where) const;
+    // The same with separatorChar between groups of three integer digits, which the width did not count.
+    // Example: outputSeparatedReal of getRealForBestFormat(1234567, 9) with '.', ',', '-' -> "  1,234,567"
     void outputSeparatedReal(char*& out, char pointChar, char separatorChar, char signChar) const;
 };
 

@@ -21,8 +21,8 @@ struct Readings {
     bool valid(DateStyle style) const noexcept { return date[style].isValid(); }
 };
 
-// Fields of a run of n digits, left to right: a two-digit field is (v / 10^k) % 100, the four-digit
-// year (v / 10^k) % 10000.
+// Fields of a run of six or eight digits v, left to right: a two-digit field is v / scale % 100 and the
+// four-digit year v / scale % 10000, scale the power of ten of the field's last digit.
 Fields cut(std::int64_t v, bool eightDigits, DateStyle style) noexcept {
     const auto two = [v](std::int64_t scale) { return static_cast<int>(v / scale % 100); };
     const auto four = [v](std::int64_t scale) { return static_cast<int>(v / scale % 10000); };

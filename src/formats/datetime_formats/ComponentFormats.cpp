@@ -35,6 +35,7 @@ void nameRightAlignedOrCut(char*& out, int width, const char* name, int length) 
 
 // MONTH at width 1: one character per month, the letters A, B and C for October to December.
 constexpr char SINGLE_CHARACTER_MONTHS[] = "?123456789ABC";
+static_assert(sizeof SINGLE_CHARACTER_MONTHS == 1 + 12 + 1);  // a month 1..12, and the literal's NUL
 
 void writeDay(const Date& date, char*& out, int width) noexcept {
     rightAligned(out, width, 2, [&](char*& o) { field::twoDigitsBlankLed(o, date.day()); });
@@ -82,39 +83,43 @@ void writeMonthName(const Date& date, char*& out, int width) noexcept {
 
 namespace datetime = kivo::format::datetime;
 namespace entry = kivo::format::datetime::entry;
+namespace limits = kivo::limits;
 
 extern "C" {
 
 int dayFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeDay);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeDay);
 }
 
 int weekdayFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeekday);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeekday);
 }
 
 int juldayFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeDayOfYear);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeDayOfYear);
 }
 
 int monthFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeMonth);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeMonth);
 }
 
 int qtrFormat(char* field, int width, int decimals, double value) {
-    return entry::withDate(field, width, decimals, decimals, value, datetime::writeQuarter);
+    return entry::withDate(field, width, entry::decimalsUse(limits::QUARTER.decimals, decimals), value, datetime::writeQuarter);
 }
 
 int qtrrFormat(char* field, int width, int decimals, double value) {
-    return entry::withDate(field, width, decimals, decimals, value, datetime::writeRomanQuarter);
+    return entry::withDate(field, width, entry::decimalsUse(limits::ROMAN_QUARTER.decimals, decimals), value,
+                           datetime::writeRomanQuarter);
 }
 
 int downameFormat(char* field, int width, int decimals, double value) {
-    return entry::withDate(field, width, decimals, decimals, value, datetime::writeWeekdayName);
+    return entry::withDate(field, width, entry::decimalsUse(limits::NAME.decimals, decimals), value,
+                           datetime::writeWeekdayName);
 }
 
 int monnameFormat(char* field, int width, int decimals, double value) {
-    return entry::withDate(field, width, decimals, decimals, value, datetime::writeMonthName);
+    return entry::withDate(field, width, entry::decimalsUse(limits::NAME.decimals, decimals), value,
+                           datetime::writeMonthName);
 }
 
 }  // extern "C"

@@ -133,6 +133,7 @@ void writeDateAmPm(const Datetime& datetime, char*& out, int width, int decimals
 }  // namespace kivo::format::datetime
 
 extern "C" int dateampmFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+    return kivo::format::datetime::entry::withDatetime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::DATEAMPM.decimals, decimals), value,
                                                       kivo::format::datetime::writeDateAmPm);
 }

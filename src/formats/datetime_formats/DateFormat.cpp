@@ -10,7 +10,7 @@ namespace kivo::format::datetime {
 // 22356 (17 March 2021) at width 9: "17MAR2021". A width outside 5..11 leaves the field as it was.
 void doDateFormat(const Date& date, char*& out, int width) {
     if (DATE_LAYOUTS.covers(width)) {
-        DATE_LAYOUTS.write(width, out, date.yearMonthDay(), ' ');
+        DATE_LAYOUTS.write(width, out, layout::numericDate(date.yearMonthDay()));
     }
 }
 
@@ -22,11 +22,11 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int dateFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, doDateFormat);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, doDateFormat);
 }
 
 int dtdateFormat(char* field, int width, int, double value) {
-    return entry::withDatetimeDate(field, width, 0, 0, value, doDateFormat);
+    return entry::withDatetimeDate(field, width, entry::NO_DECIMALS, value, doDateFormat);
 }
 
 }  // extern "C"

@@ -17,6 +17,9 @@ constexpr int SHORT_DATE = 7;
 constexpr int LONG_DATE = 9;
 // Four-digit date, ":hh:mm:ss".
 constexpr int LONG_DATE_AND_CLOCK = 18;
+// Two-digit date, ":hh:mm:ss".
+constexpr int SHORT_DATE_AND_CLOCK = 16;
+static_assert(LONG_DATE_AND_CLOCK - SHORT_DATE_AND_CLOCK == LONG_DATE - SHORT_DATE);
 // ":hh:mm:ss." after the date.
 constexpr int CLOCK_WITH_POINT = 10;
 // Seconds from here on, rounded, are shown as 24:00:00 at the last minute of the day.
@@ -40,14 +43,15 @@ DateChoice chooseDate(int width, int decimals) noexcept {
     if (width > decimals + LONG_DATE_AND_CLOCK) {
         return {LONG_DATE, width - decimals - LONG_DATE_AND_CLOCK - 1};
     }
-    if (width != LONG_DATE && width > 15) {
+    if (width != LONG_DATE && width >= SHORT_DATE_AND_CLOCK) {
         return {SHORT_DATE, width == decimals + LONG_DATE_AND_CLOCK ? 1 : 0};
     }
     return width == LONG_DATE ? DateChoice{LONG_DATE, 0} : shortDateInTurn(width);
 }
 
-// Rounds the seconds for the decimals that fit (k); when the width cuts the decimals asked for, the
-// rounding is done one digit below the last one shown and the shown digits are truncated.
+// Rounds the seconds for the decimals that fit (fit, negative when not even the point does); when the
+// width cuts the decimals asked for, the rounding is done one digit below the last one shown and the
+// shown digits are truncated.
 void roundSeconds(Clock& clock, int fit, int decimals) noexcept {
     const double half = fit >= 0 ? timefield::halfUnit(decimals <= fit ? decimals : fit + 1) : 0.5;
     const double s = (clock.seconds + half) * timefield::ROUNDING_NUDGE;
@@ -79,7 +83,7 @@ void writeDatetimeToTheSecond(const Datetime& datetime, char*& out, int width) n
     Clock clock = Clock::of(seconds);
     roundSeconds(clock, -1, 0);
     field::blanks(out, width - LONG_DATE_AND_CLOCK);
-    DATE_LAYOUTS.write(LONG_DATE, out, ymd, ' ');
+    DATE_LAYOUTS.write(LONG_DATE, out, layout::numericDate(ymd));
     *out++ = ':';
     field::twoDigits(out, clock.hours);
     *out++ = ':';
@@ -133,6 +137,7 @@ void writeDatetime(const Datetime& datetime, char*& out, int width, int decimals
 }  // namespace kivo::format::datetime
 
 extern "C" int datetimeFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+    return kivo::format::datetime::entry::withDatetime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::DATETIME.decimals, decimals), value,
                                                       kivo::format::datetime::writeDatetime);
 }

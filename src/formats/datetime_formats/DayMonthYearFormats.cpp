@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "formats/FailureSite.h"
+#include "formats/FieldLimits.h"
 #include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/DatetimeFormatsFailures.h"
 #include "formats/datetime_formats/FormatEntry.h"
@@ -14,31 +15,50 @@ namespace kivo::format::datetime {
 
 namespace {
 
-using layout::row;
+using layout::NumericDate;
 
-using layout::LayoutsByWidth;
+template <std::size_t COUNT>
+using NumericLayouts = layout::LayoutsByWidth<NumericDate, COUNT>;
+
+template <layout::Pieces ROW>
+constexpr layout::Row<NumericDate> row = layout::row<ROW, NumericDate>;
 
 // The separated layouts, widths 2 to 10. A separator appears only where the separated text fills the
 // field (5, 8 and 10, and 9 behind its blank); at 4, 6 and 7 the digits run together even in the
 // variants that have a separator, and only width 10 has room for the four-digit year.
-constexpr LayoutsByWidth<9> DDMMYY_SEPARATED{
-    2,
+constexpr int SEPARATED_NARROWEST = limits::DAY_MONTH_YEAR.minWidth;
+constexpr NumericLayouts<9> DDMMYY_SEPARATED{
+    SEPARATED_NARROWEST,
     {row<"d">, row<" d">, row<"dm">, row<"dsm">, row<"dmy">, row<" dmy">, row<"dsmsy">, row<" dsmsy">, row<"dsmsY">}};
-constexpr LayoutsByWidth<9> MMDDYY_SEPARATED{
-    2,
+constexpr NumericLayouts<9> MMDDYY_SEPARATED{
+    SEPARATED_NARROWEST,
     {row<"m">, row<" m">, row<"md">, row<"msd">, row<"mdy">, row<" mdy">, row<"msdsy">, row<" msdsy">, row<"msdsY">}};
-constexpr LayoutsByWidth<9> YYMMDD_SEPARATED{
-    2,
+constexpr NumericLayouts<9> YYMMDD_SEPARATED{
+    SEPARATED_NARROWEST,
     {row<"y">, row<" y">, row<"ym">, row<"ysm">, row<"ymd">, row<" ymd">, row<"ysmsd">, row<" ysmsd">, row<"Ysmsd">}};
 
 // The N layouts, widths 2 to 8: the odd widths put a blank in front of the even layout below them, and
 // width 8 is the first with room for the four-digit year.
-constexpr LayoutsByWidth<7> DDMMYY_RUN_TOGETHER{
-    2, {row<"d">, row<" d">, row<"dm">, row<" dm">, row<"dmy">, row<" dmy">, row<"dmY">}};
-constexpr LayoutsByWidth<7> MMDDYY_RUN_TOGETHER{
-    2, {row<"m">, row<" m">, row<"md">, row<" md">, row<"mdy">, row<" mdy">, row<"mdY">}};
-constexpr LayoutsByWidth<7> YYMMDD_RUN_TOGETHER{
-    2, {row<"y">, row<" y">, row<"ym">, row<" ym">, row<"ymd">, row<" ymd">, row<"Ymd">}};
+constexpr int RUN_TOGETHER_NARROWEST = limits::DAY_MONTH_YEAR_RUN_TOGETHER.minWidth;
+constexpr NumericLayouts<7> DDMMYY_RUN_TOGETHER{
+    RUN_TOGETHER_NARROWEST, {row<"d">, row<" d">, row<"dm">, row<" dm">, row<"dmy">, row<" dmy">, row<"dmY">}};
+constexpr NumericLayouts<7> MMDDYY_RUN_TOGETHER{
+    RUN_TOGETHER_NARROWEST, {row<"m">, row<" m">, row<"md">, row<" md">, row<"mdy">, row<" mdy">, row<"mdY">}};
+constexpr NumericLayouts<7> YYMMDD_RUN_TOGETHER{
+    RUN_TOGETHER_NARROWEST, {row<"y">, row<" y">, row<"ym">, row<" ym">, row<"ymd">, row<" ymd">, row<"Ymd">}};
+
+// Each table has a row for every width its limits take and no other, each row as wide as its width.
+template <std::size_t COUNT>
+constexpr bool servesExactly(const NumericLayouts<COUNT>& layouts, const limits::Limits& widths) noexcept {
+    return layouts.eachRowFillsItsWidth() && layouts.narrowest == widths.minWidth &&
+           layouts.widest() == widths.maxWidth;
+}
+static_assert(servesExactly(DDMMYY_SEPARATED, limits::DAY_MONTH_YEAR) &&
+              servesExactly(MMDDYY_SEPARATED, limits::DAY_MONTH_YEAR) &&
+              servesExactly(YYMMDD_SEPARATED, limits::DAY_MONTH_YEAR));
+static_assert(servesExactly(DDMMYY_RUN_TOGETHER, limits::DAY_MONTH_YEAR_RUN_TOGETHER) &&
+              servesExactly(MMDDYY_RUN_TOGETHER, limits::DAY_MONTH_YEAR_RUN_TOGETHER) &&
+              servesExactly(YYMMDD_RUN_TOGETHER, limits::DAY_MONTH_YEAR_RUN_TOGETHER));
 
 // What the run-together writers pass for the separator their rows never ask for.
 constexpr char NO_SEPARATOR = ' ';
@@ -46,14 +66,14 @@ constexpr char NO_SEPARATOR = ' ';
 // The entry steps, then the row of the width. These writers have no layout for any other width and
 // no way to show that, so a width outside the table is a broken promise of the host and stops here.
 template <std::size_t COUNT>
-int writeDigitDate(double value, char* field, int width, const LayoutsByWidth<COUNT>& layouts,
+int writeDigitDate(double value, char* field, int width, const NumericLayouts<COUNT>& layouts,
                    const FailureSite& widthOutside, char separator) noexcept {
-    return entry::withDate(field, width, 0, 0, value,
+    return entry::withDate(field, width, entry::NO_DECIMALS, value,
                            [&layouts, &widthOutside, separator](const Date& date, char*& out, int w) {
                                if (!layouts.covers(w)) [[unlikely]] {
                                    format::fail(widthOutside);
                                }
-                               layouts.write(w, out, date.yearMonthDay(), separator);
+                               layouts.write(w, out, layout::numericDate(date.yearMonthDay(), separator));
                            });
 }
 

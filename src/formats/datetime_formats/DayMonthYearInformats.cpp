@@ -3,6 +3,8 @@
 // the era-year forms MINGUO and NENGO.
 #include <climits>
 
+#include "formats/FieldLimits.h"
+#include "formats/datetime_formats/EraCalendar.h"
 #include "formats/datetime_formats/InformatEntry.h"
 #include "formats/datetime_formats/InformatValues.h"
 #include "formats/datetime_formats/TextReaders.h"
@@ -42,10 +44,11 @@ constexpr NumericDateLayout DAY_MONTH_YEAR{0, 1, 2, splitYearLast};
 constexpr NumericDateLayout MONTH_DAY_YEAR{1, 0, 2, splitYearLast};
 constexpr NumericDateLayout YEAR_MONTH_DAY{2, 1, 0, splitYearFirst};
 
-// The shortest narrowed fields that can hold a whole date of the year-first layouts; the era forms
-// count their letter in.
-constexpr int SHORTEST_YEAR_FIRST = 5;
-constexpr int SHORTEST_ERA_DATE = 6;
+// The shortest narrowed fields that can hold a whole date of the year-first layouts (00115); the era
+// forms want six characters, NENGO's letter counted in (01/1/1, R1/1/1).
+constexpr int SHORTEST_YEAR_FIRST = limits::YEAR_MONTH_DAY_TEXT.minWidth;
+constexpr int SHORTEST_ERA_DATE = limits::MINGUO_TEXT.minWidth;
+static_assert(limits::NENGO_TEXT.minWidth == SHORTEST_ERA_DATE);
 
 struct WrittenDate {
     int year;  // as written: two digits, four, or an era year
@@ -87,51 +90,40 @@ bool storeEraDay(int base, const WrittenDate& date, double& value) noexcept {
     return date.year <= INT_MAX - base && storeDay(base + date.year, date.month, date.day, value);
 }
 
-// Minguo years count from 1912 as year 1.
-constexpr int MINGUO_BASE = 1911;
-
 int readMinguoDate(const char* text, int width, double* result) noexcept {
     return readTextField(text, width, result, [](const char* cursor, const char* end, double& value) {
         WrittenDate date{};
         return end - cursor >= SHORTEST_ERA_DATE && readNumericDate<YEAR_MONTH_DAY>(cursor, end, date) &&
-               storeEraDay(MINGUO_BASE, date, value);
+               storeEraDay(era::MINGUO_BASE, date, value);
     });
 }
 
-// An era: the year before its year 1, and its last year (0 while it has none).
-struct Era {
-    char letter;
-    int base;
-    int lastYear;
-};
-
-constexpr Era ERAS[] = {{'H', 1988, 31}, {'M', 1867, 45}, {'R', 2018, 0}, {'S', 1925, 64}, {'T', 1911, 15}};
-// A date without an era letter belongs to the current era.
-constexpr const Era& CURRENT_ERA = ERAS[2];
-
-// The era letter, in either case, and the "." that may follow it; without a letter the current era.
-const Era& readEra(const char*& cursor, const char* end) noexcept {
-    for (const Era& era : ERAS) {
+// The era letter, in either case, and the "." that may follow it; without a letter the running era.
+const era::Era& readEra(const char*& cursor, const char* end) noexcept {
+    for (const era::Era& era : era::ERAS) {
         if (cursor < end && text::upper(*cursor) == era.letter) {
             ++cursor;
             text::take(cursor, end, '.');
             return era;
         }
     }
-    return CURRENT_ERA;
+    return era::RUNNING_ERA;
 }
 
-bool withinEra(const Era& era, int year) noexcept { return era.lastYear == 0 || year <= era.lastYear; }
+// An era year the era reaches; the running era has no last year.
+bool withinEra(const era::Era& era, int year) noexcept {
+    return era::isRunning(era) || year <= era::lastYearOf(era);
+}
 
 int readNengoDate(const char* text, int width, double* result) noexcept {
     return readTextField(text, width, result, [](const char* cursor, const char* end, double& value) {
         if (end - cursor < SHORTEST_ERA_DATE) {
             return false;
         }
-        const Era& era = readEra(cursor, end);
+        const era::Era& era = readEra(cursor, end);
         WrittenDate date{};
         return readNumericDate<YEAR_MONTH_DAY>(cursor, end, date) && withinEra(era, date.year) &&
-               storeEraDay(era.base, date, value);
+               storeEraDay(era.base(), date, value);
     });
 }
 

@@ -13,7 +13,7 @@ namespace kivo::format::datetime {
 
 namespace {
 
-// The decimals that fit after nd integer digits and a point in width positions.
+// The decimals that fit after the integer digits and a point in width positions.
 int shownDecimals(int width, int integerDigits, int decimals) noexcept {
     const int used = integerDigits + 1 < width ? integerDigits + 1 : width;
     return width - used < decimals ? width - used : decimals;
@@ -66,5 +66,7 @@ void writeHours(double value, char*& out, int width, int decimals) noexcept {
 }  // namespace kivo::format::datetime
 
 extern "C" int hourFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withTime(field, width, decimals, 0, value, kivo::format::datetime::writeHours);
+    return kivo::format::datetime::entry::withTime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::HOUR.decimals, decimals), value,
+        kivo::format::datetime::writeHours);
 }

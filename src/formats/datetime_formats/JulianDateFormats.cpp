@@ -4,7 +4,9 @@
 #include <bit>
 #include <cstdint>
 
+#include "formats/FieldLimits.h"
 #include "formats/FieldWriting.h"
+#include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/Formats.h"
 #include "kivox/Missing.h"
@@ -14,20 +16,20 @@ namespace kivo::format::datetime {
 namespace {
 
 // JULIAN: yyddd at width 5, one blank before it at width 6, yyyyddd right-aligned from width 7.
+constexpr layout::LayoutsByWidth<layout::JulianDate, 3> JULIAN_LAYOUTS{
+    limits::JULIAN.minWidth,
+    {layout::row<"yj", layout::JulianDate>, layout::row<" yj", layout::JulianDate>,
+     layout::row<"Yj", layout::JulianDate>}};
+static_assert(JULIAN_LAYOUTS.eachRowFillsItsWidth());
+
+// From the four-digit row on, a year past 9999 has no room, and the whole field is "*".
 void writeJulian(const Date& date, char*& out, int width) noexcept {
     const Date::YD yd = date.yearDayOfYear();
-    if (width <= 4 || (width >= 7 && yd.year > field::LARGEST_FOUR_DIGIT_YEAR)) {
+    if (width >= JULIAN_LAYOUTS.widest() && yd.year > field::LARGEST_FOUR_DIGIT_YEAR) {
         field::stars(out, width);
         return;
     }
-    if (width == 5 || width == 6) {
-        field::blanks(out, width - 5);
-        field::twoDigits(out, yd.year % 100);
-    } else {
-        field::blanks(out, width - 7);
-        field::fourDigits(out, yd.year);
-    }
-    field::threeDigits(out, yd.dayOfYear);
+    JULIAN_LAYOUTS.writePadded(width, out, {yd.year, yd.dayOfYear});
 }
 
 constexpr unsigned char UNSIGNED_SIGN = 0x0F;
@@ -132,7 +134,7 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int julianFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeJulian);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeJulian);
 }
 
 int pdjulgFormat(char* field, int width, int, double value) {

@@ -1,3 +1,4 @@
+#include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/TimeFieldWriting.h"
 #include "kivo/Formats.h"
 #include "kivo/format/datetime/TimeWriters.h"
@@ -38,17 +39,13 @@ Layout chooseLayout(int width, int dayExtraDigit, int decimals) noexcept {
     return {Detail::SECONDS, room - DATE_AND_SECONDS, 0};
 }
 
+// "MAR 17 2021 ", the day without a leading zero; a year past 9999 never gets here.
+constexpr layout::Row<layout::WordDate> DATE = layout::row<"M e Y ", layout::WordDate>;
+// DATE_AND_MINUTES counts a one-digit day and "hh:mm PM" after the date.
+static_assert(DATE.longestLength == DATE_AND_MINUTES - 8 + 1);
+
 void writeDate(char*& out, const Date::YMD& ymd) noexcept {
-    field::text(out, Month::upperShortName(ymd.month), 3);
-    *out++ = ' ';
-    if (ymd.day < 10) {
-        field::digit(out, ymd.day);
-    } else {
-        field::twoDigits(out, ymd.day);
-    }
-    *out++ = ' ';
-    field::fourDigits(out, ymd.year);
-    *out++ = ' ';
+    out = DATE.write(out, {ymd.year, ymd.month, ymd.day, 0}, DATE.longestLength);
 }
 
 void writeTime(char*& out, const Clock& clock, const Layout& layout) noexcept {
@@ -90,6 +87,7 @@ void writeMondytm(const Datetime& datetime, char*& out, int width, int decimals)
 }  // namespace kivo::format::datetime
 
 extern "C" int mondytmFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+    return kivo::format::datetime::entry::withDatetime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::MONDYTM.decimals, decimals), value,
                                                       kivo::format::datetime::writeMondytm);
 }

@@ -2,6 +2,7 @@
 // first).
 #include <string_view>
 
+#include "formats/FieldLimits.h"
 #include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/Formats.h"
@@ -12,17 +13,22 @@ namespace kivo::format::datetime {
 
 namespace {
 
-using layout::row;
+using layout::NumericDate;
 
-constexpr layout::LayoutsByWidth<3> MONYY_LAYOUTS{5, {row<"My">, row<" My">, row<"MY">}};
+template <layout::Pieces ROW>
+constexpr layout::Row<NumericDate> row = layout::row<ROW, NumericDate>;
+
+constexpr layout::LayoutsByWidth<NumericDate, 3> MONYY_LAYOUTS{limits::MONYY.minWidth,
+                                                               {row<"My">, row<" My">, row<"MY">}};
+static_assert(MONYY_LAYOUTS.eachRowFillsItsWidth() && MONYY_LAYOUTS.widest() == limits::MONYY.maxWidth);
 
 // The year in what the abbreviation leaves: 2 positions at width 5, 4 at width 7, five digits past
 // 9999 in a wider field.
+constexpr layout::Row<NumericDate> YYMON = row<"PM">;
+static_assert(limits::YYMON.minWidth - YYMON.longestLength == 2);
+
 void writeYymon(const Date& date, char*& out, int width) noexcept {
-    const Date::YM ym = date.yearMonth();
-    if (layout::yearBeforeRest(out, width, 3, ym.year)) {
-        field::text(out, Month::upperShortName(ym.month), 3);
-    }
+    out = YYMON.write(out, layout::numericDate(date.yearMonth()), width);
 }
 
 }  // namespace
@@ -31,7 +37,7 @@ void writeYymon(const Date& date, char*& out, int width) noexcept {
 // any other width leaves the field as it was.
 void doMonyyFormat(const Date& date, char*& out, int width) {
     if (MONYY_LAYOUTS.covers(width)) {
-        MONYY_LAYOUTS.write(width, out, date.yearMonthDay(), ' ');
+        MONYY_LAYOUTS.write(width, out, layout::numericDate(date.yearMonthDay()));
     }
 }
 
@@ -39,20 +45,21 @@ void doMonyyFormat(const Date& date, char*& out, int width) {
 
 namespace datetime = kivo::format::datetime;
 namespace entry = kivo::format::datetime::entry;
+namespace limits = kivo::limits;
 
 extern "C" {
 
 int monyyFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::doMonyyFormat);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::doMonyyFormat);
 }
 
 int dtmonyyFormat(char* field, int width, int, double value) {
-    return entry::withDatetimeDate(field, width, 0, 0, value, datetime::doMonyyFormat);
+    return entry::withDatetimeDate(field, width, entry::NO_DECIMALS, value, datetime::doMonyyFormat);
 }
 
 // The one format of these families whose decimals move the missing character.
 int yymonFormat(char* field, int width, int decimals, double value) {
-    return entry::withDate(field, width, decimals, decimals, value, datetime::writeYymon);
+    return entry::withDate(field, width, entry::decimalsUse(limits::YYMON.decimals, decimals), value, datetime::writeYymon);
 }
 
 }  // extern "C"

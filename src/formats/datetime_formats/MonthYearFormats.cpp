@@ -6,6 +6,7 @@
 // the month leaves, and a year past 9999 takes one of the padding blanks for its fifth digit.
 #include <string_view>
 
+#include "formats/FieldLimits.h"
 #include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/Formats.h"
@@ -15,64 +16,49 @@ namespace kivo::format::datetime {
 
 namespace {
 
-using layout::row;
+using layout::NumericDate;
 
-using layout::LayoutsByWidth;
+template <layout::Pieces ROW>
+constexpr layout::Row<NumericDate> row = layout::row<ROW, NumericDate>;
 
 // The two-digit year up to the first width with room for four digits; wider fields pad the last row.
-constexpr LayoutsByWidth<3> MMYY_SEPARATED{5, {row<"msy">, row<" msy">, row<"msY">}};
-constexpr LayoutsByWidth<3> MMYY_RUN_TOGETHER{4, {row<"my">, row<" my">, row<"mY">}};
+constexpr layout::LayoutsByWidth<NumericDate, 3> MMYY_SEPARATED{limits::MONTH_YEAR.minWidth,
+                                                                {row<"msy">, row<" msy">, row<"msY">}};
+constexpr layout::LayoutsByWidth<NumericDate, 3> MMYY_RUN_TOGETHER{limits::MONTH_YEAR_RUN_TOGETHER.minWidth,
+                                                                   {row<"my">, row<" my">, row<"mY">}};
+static_assert(MMYY_SEPARATED.eachRowFillsItsWidth() && MMYY_RUN_TOGETHER.eachRowFillsItsWidth());
+
+// The year first, in what the separator and the month leave: 2 positions at width 5, 4 at width 7.
+constexpr layout::Row<NumericDate> YYMM_SEPARATED = row<"Psm">;
+constexpr layout::Row<NumericDate> YYMM_RUN_TOGETHER = row<"Pm">;
+// Their narrowest widths leave the year two positions.
+static_assert(limits::MONTH_YEAR.minWidth - YYMM_SEPARATED.longestLength == 2 &&
+              limits::MONTH_YEAR_RUN_TOGETHER.minWidth - YYMM_RUN_TOGETHER.longestLength == 2);
 
 // What MMYYN passes for the separator its rows never ask for.
 constexpr char NO_SEPARATOR = ' ';
 
-// Past its widest row a month-first layout keeps that row behind blanks; below its narrowest it has
-// nothing to show and fills the field with "*".
-template <std::size_t COUNT>
-void writeMonthFirst(const Date& date, char*& out, int width, const LayoutsByWidth<COUNT>& layouts,
-                     char separator) noexcept {
-    if (width < layouts.narrowest) {
-        field::repeat(out, width, '*');
-        return;
-    }
-    const int widest = layouts.widest();
-    field::blanks(out, width - widest);
-    layouts.write(width < widest ? width : widest, out, date.yearMonthDay(), separator);
-}
-
-// The year in what the separator and the month leave: 2 positions at width 5, 4 at width 7.
-void writeYearSeparatorMonth(const Date& date, char*& out, int width, char separator) noexcept {
-    const Date::YM ym = date.yearMonth();
-    if (layout::yearBeforeRest(out, width, 3, ym.year)) {
-        *out++ = separator;
-        field::twoDigits(out, ym.month);
-    }
-}
-
 void writeMmyyn(const Date& date, char*& out, int width) noexcept {
-    writeMonthFirst(date, out, width, MMYY_RUN_TOGETHER, NO_SEPARATOR);
+    MMYY_RUN_TOGETHER.writePadded(width, out, layout::numericDate(date.yearMonthDay(), NO_SEPARATOR));
 }
 
 void writeYymmn(const Date& date, char*& out, int width) noexcept {
-    const Date::YM ym = date.yearMonth();
-    if (layout::yearBeforeRest(out, width, 2, ym.year)) {
-        field::twoDigits(out, ym.month);
-    }
+    out = YYMM_RUN_TOGETHER.write(out, layout::numericDate(date.yearMonth()), width);
 }
 
 }  // namespace
 
 // 22356 (March 2021) with 'M': "03M21" at width 5, "03M2021" at width 7, "  03M2021" at width 9.
 int doMmyyx(double value, char* field, int width, char separator) {
-    return entry::withDate(field, width, 0, 0, value, [separator](const Date& date, char*& out, int w) {
-        writeMonthFirst(date, out, w, MMYY_SEPARATED, separator);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, [separator](const Date& date, char*& out, int w) {
+        MMYY_SEPARATED.writePadded(w, out, layout::numericDate(date.yearMonthDay(), separator));
     });
 }
 
 // "21M03" at width 5, "2021M03" at width 7, "  2021M03" at width 9.
 int doYymmx(double value, char* field, int width, char separator) {
-    return entry::withDate(field, width, 0, 0, value, [separator](const Date& date, char*& out, int w) {
-        writeYearSeparatorMonth(date, out, w, separator);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, [separator](const Date& date, char*& out, int w) {
+        out = YYMM_SEPARATED.write(out, layout::numericDate(date.yearMonth(), separator), w);
     });
 }
 
@@ -90,7 +76,7 @@ int mmyydFormat(char* field, int width, int, double value) { return datetime::do
 int mmyypFormat(char* field, int width, int, double value) { return datetime::doMmyyx(value, field, width, '.'); }
 int mmyysFormat(char* field, int width, int, double value) { return datetime::doMmyyx(value, field, width, '/'); }
 int mmyynFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeMmyyn);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeMmyyn);
 }
 
 int yymmFormat(char* field, int width, int, double value) { return datetime::doYymmx(value, field, width, 'M'); }
@@ -99,7 +85,7 @@ int yymmdFormat(char* field, int width, int, double value) { return datetime::do
 int yymmpFormat(char* field, int width, int, double value) { return datetime::doYymmx(value, field, width, '.'); }
 int yymmsFormat(char* field, int width, int, double value) { return datetime::doYymmx(value, field, width, '/'); }
 int yymmnFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeYymmn);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeYymmn);
 }
 
 }  // extern "C"

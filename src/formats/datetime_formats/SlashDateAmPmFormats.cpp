@@ -1,3 +1,4 @@
+#include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/TimeFieldWriting.h"
 #include "kivo/Formats.h"
 
@@ -14,16 +15,16 @@ constexpr int LONG_DATE = 10;           // 03/17/2021
 constexpr int SHORT_DATE_AND_TIME = 17;  // 03/17/21 13:45 PM
 constexpr int LONG_DATE_AND_TIME = 19;   // 03/17/2021 13:45 PM
 
+// The date by order and by the digits of its year.
+constexpr layout::Row<layout::NumericDate> DATES[2][2] = {
+    {layout::row<"m/d/y", layout::NumericDate>, layout::row<"m/d/Y", layout::NumericDate>},
+    {layout::row<"d/m/y", layout::NumericDate>, layout::row<"d/m/Y", layout::NumericDate>},
+};
+static_assert(DATES[0][0].longestLength == SHORT_DATE && DATES[1][1].longestLength == LONG_DATE);
+
 void writeDate(char*& out, const Date::YMD& ymd, Order order, bool fourDigitYear) noexcept {
-    field::twoDigits(out, order == Order::MONTH_FIRST ? ymd.month : ymd.day);
-    *out++ = '/';
-    field::twoDigits(out, order == Order::MONTH_FIRST ? ymd.day : ymd.month);
-    *out++ = '/';
-    if (fourDigitYear) {
-        field::fourDigitYearOrStars(out, ymd.year);
-    } else {
-        field::twoDigits(out, ymd.year % 100);
-    }
+    const int byOrder = order == Order::MONTH_FIRST ? 0 : 1;
+    out = DATES[byOrder][fourDigitYear ? 1 : 0].write(out, layout::numericDate(ymd), LONG_DATE);
 }
 
 // " 13:45 PM"; a one-digit hour keeps the width with a blank before the date instead.
@@ -61,7 +62,8 @@ void writeSlashDateAmPm(const Datetime& datetime, char*& out, int width, Order o
 
 template <Order order>
 int slashDateAmPmFormat(char* field, int width, int decimals, double value) noexcept {
-    return entry::withDatetime(field, width, 0, decimals, value, [](const Datetime& datetime, char*& out, int w) {
+    const entry::DecimalsUse use = entry::decimalsUse(limits::SLASH_DATE_AM_PM.decimals, decimals);
+    return entry::withDatetime(field, width, use, value, [](const Datetime& datetime, char*& out, int w) {
         writeSlashDateAmPm(datetime, out, w, order);
     });
 }

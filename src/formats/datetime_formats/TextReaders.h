@@ -230,6 +230,7 @@ inline bool readUnsignedInt(const char*& cursor, const char* end, int& value) no
     // 2147483647 = 214748364 × 10 + 7: past this a further digit no longer fits in a signed 32-bit value.
     constexpr int TENTH_OF_INT_MAX = 214748364;
     constexpr int LAST_DIGIT_OF_INT_MAX = 7;
+    static_assert(TENTH_OF_INT_MAX * 10 + LAST_DIGIT_OF_INT_MAX == 2147483647);
     const char* p = cursor;
     if (p == end || !text::isDigit(p)) {
         if (p < end && text::isLetter(p)) {

@@ -80,6 +80,7 @@ void writeTwelveHourTime(const Datetime& datetime, char*& out, int width, int de
 }  // namespace kivo::format::datetime
 
 extern "C" int timeampmFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+    return kivo::format::datetime::entry::withDatetime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::TIMEAMPM.decimals, decimals), value,
                                                       kivo::format::datetime::writeTwelveHourTime);
 }

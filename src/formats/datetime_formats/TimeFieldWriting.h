@@ -20,13 +20,28 @@ namespace kivo::format::datetime::timefield {
 // Two units in the last place above 1. A rounded component is multiplied by it before it is truncated,
 // so that a value stored a hair below its decimal form (0.29 is 0.28999...) still prints as written.
 inline constexpr double ROUNDING_NUDGE = std::bit_cast<double>(std::uint64_t{0x3FF0000000000002});
+static_assert(ROUNDING_NUDGE == 1.0 + 2 * 0x1p-52);
 
-// 0.5000001: the half unit TIME adds when it shows fewer decimals than it was asked for.
+// 0.5000001: the half unit TIME adds when it shows fewer decimals than it was asked for. The hair above
+// a half lets a second stored just below a digit's rounding point, as one computed in floating point
+// often is, round as the decimal written would.
 inline constexpr double WIDE_HALF = std::bit_cast<double>(std::uint64_t{0x3FE0000035AFE535});
+static_assert(WIDE_HALF == 0.5000001);
+
+// TIME carries its seconds into the minutes when they reach 60 less half a unit less this margin: a
+// second within 1e-8 of the carry, as a time worked out in floating point can land, shows the next
+// minute rather than 59 and a run of nines.
+inline constexpr double TIME_CARRY_MARGIN = 1e-8;
+
+// The twelve-hour layouts that stop at the minutes (or the hour) still round the seconds they do not
+// show, by half a second and a hair: a time computed to just below x:59.5 moves on to the next minute as
+// the one written x:59.5 does.
+inline constexpr double UNSEEN_SECONDS_HALF = 0.50000001;
 
 // The last instant that still belongs to a day: SECONDS_PER_DAY - 2^-31. A time of day at or past it
 // is shown as midnight of the next day.
 inline constexpr double DAY_END_LIMIT = 86400.0 - 0x1p-31;
+static_assert(DAY_END_LIMIT < 86400.0 && DAY_END_LIMIT + 0x1p-31 == 86400.0);
 
 // The powers of ten up to 10^22 are exact doubles, so quotients by them computed here, once, are the
 // very doubles a division by pow10 gives at run time. Beyond them the host's pow10 decides.
@@ -45,6 +60,7 @@ constexpr auto tableOverPowersOfTen(Quotient quotient) noexcept {
 
 inline constexpr auto HALF_UNITS = tableOverPowersOfTen([](double power) { return 0.5 / power; });
 inline constexpr auto WIDE_HALF_UNITS = tableOverPowersOfTen([](double power) { return WIDE_HALF / power; });
+static_assert(HALF_UNITS.values[0] == 0.5 && HALF_UNITS.values[3] == 0.5 / 1000 && WIDE_HALF_UNITS.values[0] == WIDE_HALF);
 
 // Half a unit of the decimals-th digit after the point.
 inline double halfUnit(int decimals) noexcept {
@@ -172,7 +188,7 @@ enum class Detail { MINUTES, SECONDS, DECIMALS };
 inline void roundTwelveHourClock(Clock& clock, Detail detail, int decimals, int decimalsShown) noexcept {
     double s = clock.seconds;
     if (detail == Detail::MINUTES) {
-        s += 0.50000001;
+        s += UNSEEN_SECONDS_HALF;
     } else if (detail == Detail::SECONDS) {
         s += 0.5;
     } else {

@@ -101,6 +101,7 @@ void writeTimeOfDay(const Datetime& datetime, char*& out, int width, int decimal
 }  // namespace kivo::format::datetime
 
 extern "C" int todFormat(char* field, int width, int decimals, double value) {
-    return kivo::format::datetime::entry::withDatetime(field, width, decimals, 0, value,
+    return kivo::format::datetime::entry::withDatetime(
+        field, width, kivo::format::datetime::entry::decimalsUse(kivo::limits::TOD.decimals, decimals), value,
                                                       kivo::format::datetime::writeTimeOfDay);
 }

@@ -88,9 +88,13 @@ TwoParts minutesAndSeconds(double value, int decimals) noexcept {
     return {minutes, seconds};
 }
 
+// HHMM and MMSS take their decimals alike.
+static_assert(limits::HHMM.decimals == limits::MMSS.decimals);
+
 template <class Split>
 int twoPartFormat(char* field, int width, int decimals, double value, Split split) noexcept {
-    return entry::withTime(field, width, decimals, 0, value, [split](double v, char*& out, int w, int d) {
+    const entry::DecimalsUse use = entry::decimalsUse(limits::HHMM.decimals, decimals);
+    return entry::withTime(field, width, use, value, [split](double v, char*& out, int w, int d) {
         const bool negative = v < 0.0;
         writeTwoParts(out, w, d, negative, split(negative ? -v : v, d));
     });

@@ -5,28 +5,24 @@
 #include <span>
 #include <string_view>
 
+#include "formats/FieldLimits.h"
 #include "formats/FieldWriting.h"
+#include "formats/datetime_formats/DateLayout.h"
 #include "formats/datetime_formats/FormatEntry.h"
 #include "kivo/Formats.h"
 #include "kivo/format/datetime/DateWriters.h"
-#include "kivox/Names.h"
 
 namespace kivo::format::datetime {
 
 namespace {
 
-// A layout is a row of pieces, one character each, read left to right:
-//
-//   'w'  the weekday's short name, three characters     'W'  the weekday's long name
-//   'm'  the month's short name, three characters       'M'  the month's long name
-//   'd'  the day, one or two digits (no leading zero)
-//   'y'  the year's last two digits                     'Y'  the year, four digits or five past 9999
-//   any other character stands for itself (the blanks and commas between the parts)
-//
-// The text is measured first and right-aligned: the blanks it leaves go in front.
+using layout::WordDate;
+
+// A layout serves its narrowest width and the wider ones up to the next layout's. The text is measured
+// first and right-aligned: the blanks it leaves go in front.
 struct WordLayout {
-    int narrowest;  // the layout serves this width and the wider ones up to the next row's
-    std::string_view pieces;
+    int narrowest;
+    layout::Row<WordDate> row;
 };
 
 // A five-digit year that does not quite fit is cut to its first four digits. The two families do it
@@ -38,81 +34,6 @@ struct WordFamily {
     YearCut yearCut;
     std::span<const WordLayout> layouts;
 };
-
-constexpr int SHORT_NAME_LENGTH = 3;
-
-struct WordDate {
-    Date::YMD ymd;
-    int weekday;
-    int year;  // as written: the full year, or its first four digits once cut
-};
-
-int yearLength(int year) noexcept { return year > field::LARGEST_FOUR_DIGIT_YEAR ? 5 : 4; }
-
-int pieceLength(char piece, const WordDate& date) noexcept {
-    switch (piece) {
-        case 'w':
-        case 'm':
-            return SHORT_NAME_LENGTH;
-        case 'W':
-            return DayOfWeek::longNameLength(date.weekday);
-        case 'M':
-            return Month::longNameLength(date.ymd.month);
-        case 'd':
-            return date.ymd.day < 10 ? 1 : 2;
-        case 'y':
-            return 2;
-        case 'Y':
-            return yearLength(date.year);
-        default:
-            return 1;
-    }
-}
-
-void writePiece(char*& out, char piece, const WordDate& date) noexcept {
-    switch (piece) {
-        case 'w':
-            field::text(out, DayOfWeek::shortName(date.weekday), SHORT_NAME_LENGTH);
-            break;
-        case 'm':
-            field::text(out, Month::shortName(date.ymd.month), SHORT_NAME_LENGTH);
-            break;
-        case 'W':
-            field::text(out, DayOfWeek::longName(date.weekday), DayOfWeek::longNameLength(date.weekday));
-            break;
-        case 'M':
-            field::text(out, Month::longName(date.ymd.month), Month::longNameLength(date.ymd.month));
-            break;
-        case 'd':
-            if (date.ymd.day < 10) {
-                field::digit(out, date.ymd.day);
-            } else {
-                field::twoDigits(out, date.ymd.day);
-            }
-            break;
-        case 'y':
-            field::twoDigits(out, date.ymd.year % 100);
-            break;
-        case 'Y':
-            if (date.year > field::LARGEST_FOUR_DIGIT_YEAR) {
-                field::fiveDigits(out, date.year);
-            } else {
-                field::fourDigits(out, date.year);
-            }
-            break;
-        default:
-            *out++ = piece;
-            break;
-    }
-}
-
-int textLength(std::string_view pieces, const WordDate& date) noexcept {
-    int length = 0;
-    for (const char piece : pieces) {
-        length += pieceLength(piece, date);
-    }
-    return length;
-}
 
 const WordLayout& layoutFor(std::span<const WordLayout> layouts, int width) noexcept {
     const WordLayout* chosen = &layouts.front();
@@ -138,13 +59,12 @@ bool cutsYear(YearCut cut, int length, int width, int& blanks) noexcept {
 }
 
 void writeWordDate(const Date& date, char*& out, int width, const WordFamily& family) noexcept {
-    const std::string_view pieces = layoutFor(family.layouts, width).pieces;
+    const layout::Row<WordDate>& row = layoutFor(family.layouts, width).row;
     const Date::YMD ymd = date.yearMonthDay();
-    WordDate words{ymd, date.dayOfWeek(), ymd.year};
-    const int length = textLength(pieces, words);
+    WordDate words{ymd.year, ymd.month, ymd.day, date.dayOfWeek()};
+    const int length = row.length(words);
     int blanks = width - length;
-    const bool fiveDigitYear =
-        pieces.find('Y') != std::string_view::npos && words.year > field::LARGEST_FOUR_DIGIT_YEAR;
+    const bool fiveDigitYear = row.shows('L') && words.year > field::LARGEST_FOUR_DIGIT_YEAR;
     if (fiveDigitYear && cutsYear(family.yearCut, length, width, blanks)) {
         words.year /= 10;
     } else if (length > width) {
@@ -155,39 +75,59 @@ void writeWordDate(const Date& date, char*& out, int width, const WordFamily& fa
         return;
     }
     field::blanks(out, blanks);
-    for (const char piece : pieces) {
-        writePiece(out, piece, words);
-    }
+    out = row.write(out, words, width);
 }
 
+template <layout::Pieces ROW>
+constexpr layout::Row<WordDate> row = layout::row<ROW, WordDate>;
+
+// Below 9 the short name, from 9 the long one: the narrowest widths are the host's smallest.
+constexpr int NARROWEST = limits::WORD_DATE.minWidth;
+static_assert(limits::WEEKDAY_DATE.minWidth == NARROWEST);
+
 constexpr WordLayout WORDDATE_LAYOUTS[] = {
-    {0, "m"},        // Mar
-    {9, "M"},        // March
-    {12, "m d, Y"},  // Mar 17, 2021
-    {18, "M d, Y"},  // March 17, 2021
+    {NARROWEST, row<"b">},  // Mar
+    {9, row<"B">},          // March
+    {12, row<"b e, L">},    // Mar 17, 2021
+    {18, row<"B e, L">},    // March 17, 2021
 };
 constexpr WordLayout WORDDATX_LAYOUTS[] = {
-    {0, "m"},       // Mar
-    {9, "M"},       // March
-    {12, "d m Y"},  // 17 Mar 2021
-    {18, "d M Y"},  // 17 March 2021
+    {NARROWEST, row<"b">},  // Mar
+    {9, row<"B">},          // March
+    {12, row<"e b L">},     // 17 Mar 2021
+    {18, row<"e B L">},     // 17 March 2021
 };
 constexpr WordLayout WEEKDATE_LAYOUTS[] = {
-    {0, "w"},           // Wed
-    {9, "W"},           // Wednesday
-    {15, "w, m d, y"},  // Wed, Mar 17, 21
-    {17, "w, m d, Y"},  // Wed, Mar 17, 2021
-    {23, "W, m d, Y"},  // Wednesday, Mar 17, 2021
-    {29, "W, M d, Y"},  // Wednesday, March 17, 2021
+    {NARROWEST, row<"a">},    // Wed
+    {9, row<"A">},            // Wednesday
+    {15, row<"a, b e, y">},   // Wed, Mar 17, 21
+    {17, row<"a, b e, L">},   // Wed, Mar 17, 2021
+    {23, row<"A, b e, L">},   // Wednesday, Mar 17, 2021
+    {29, row<"A, B e, L">},   // Wednesday, March 17, 2021
 };
 constexpr WordLayout WEEKDATX_LAYOUTS[] = {
-    {0, "w"},          // Wed
-    {9, "W"},          // Wednesday
-    {15, "w, d m y"},  // Wed, 17 Mar 21
-    {17, "w, d m Y"},  // Wed, 17 Mar 2021
-    {23, "W, d m Y"},  // Wednesday, 17 Mar 2021
-    {29, "W, d M Y"},  // Wednesday, 17 March 2021
+    {NARROWEST, row<"a">},   // Wed
+    {9, row<"A">},           // Wednesday
+    {15, row<"a, e b y">},   // Wed, 17 Mar 21
+    {17, row<"a, e b L">},   // Wed, 17 Mar 2021
+    {23, row<"A, e b L">},   // Wednesday, 17 Mar 2021
+    {29, row<"A, e B L">},   // Wednesday, 17 March 2021
 };
+
+// The layout chosen for a width holds the longest names (nine characters), a two-digit day and a
+// four-digit year at its narrowest width: the width alone chooses, never the names at hand. The
+// month-first layouts fill that width exactly.
+constexpr bool longestTextFits(std::span<const WordLayout> layouts, bool fillsExactly) noexcept {
+    for (const WordLayout& layout : layouts) {
+        const int longest = layout.row.longestLength;
+        if (longest > layout.narrowest || (fillsExactly && layout.narrowest > 9 && longest != layout.narrowest)) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(longestTextFits(WORDDATE_LAYOUTS, true) && longestTextFits(WEEKDATE_LAYOUTS, true));
+static_assert(longestTextFits(WORDDATX_LAYOUTS, false) && longestTextFits(WEEKDATX_LAYOUTS, false));
 
 constexpr WordFamily WORDDATE{YearCut::WHEN_ONE_OVER, WORDDATE_LAYOUTS};
 constexpr WordFamily WORDDATX{YearCut::WHEN_FULL, WORDDATX_LAYOUTS};
@@ -200,6 +140,7 @@ void writeWeekdate(const Date& date, char*& out, int width) noexcept { writeWord
 
 }  // namespace
 
+// 22356 (Wednesday, 17 March 2021) at width 16: "  Wed, 17 Mar 21".
 void doWeekdatxFormat(const Date& date, char*& out, int width) { writeWordDate(date, out, width, WEEKDATX); }
 
 }  // namespace kivo::format::datetime
@@ -210,23 +151,23 @@ namespace entry = kivo::format::datetime::entry;
 extern "C" {
 
 int worddateFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWorddate);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWorddate);
 }
 
 int worddatxFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWorddatx);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWorddatx);
 }
 
 int weekdateFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::writeWeekdate);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::writeWeekdate);
 }
 
 int weekdatxFormat(char* field, int width, int, double value) {
-    return entry::withDate(field, width, 0, 0, value, datetime::doWeekdatxFormat);
+    return entry::withDate(field, width, entry::NO_DECIMALS, value, datetime::doWeekdatxFormat);
 }
 
 int dtwkdatxFormat(char* field, int width, int, double value) {
-    return entry::withDatetimeDate(field, width, 0, 0, value, datetime::doWeekdatxFormat);
+    return entry::withDatetimeDate(field, width, entry::NO_DECIMALS, value, datetime::doWeekdatxFormat);
 }
 
 }  // extern "C"
