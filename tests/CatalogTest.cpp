@@ -102,6 +102,22 @@ TEST(Catalog, NamesEveryExportedFormatAndInformatExactlyOnce) {
     EXPECT_FALSE(exported.empty());
 }
 
+// The catalog names the library's own limits (formats/FieldLimits.h), and the writers' width tables are
+// held to the same limits where they are compiled; here the two meet at run time. A family whose layouts
+// are a table of widths ends where its catalog row does: one width past it is a broken invariant.
+TEST(CatalogDeathTest, TheTablesOfWidthsEndWhereTheCatalogSays) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    for (const FormatEntry& entry : kivoconvert::formatCatalog()) {
+        const kivoconvert::Limits& limits = entry.limits;
+        const bool tabled = entry.name.starts_with("DDMMYY") || entry.name.starts_with("MMDDYY") ||
+                            entry.name.starts_with("YYMMDD") || entry.name == "MINGUO" || entry.name == "NENGO";
+        if (!tabled) continue;
+        char field[kivoconvert::MAX_FIELD + 1];
+        EXPECT_DEATH(entry.function(field, limits.maxWidth + 1, 0, 22356), "kivoFail") << entry.name;
+        entry.function(field, limits.minWidth, 0, 22356);  // and the narrowest row is there
+    }
+}
+
 // Values that sit on the edges formats must survive: missing values of every kind, non-finite and
 // huge values, the calendar's first and last days and seconds and just past them, and values a hair
 // either side of integers and of the rounding boundaries of days, hours, minutes and seconds.

@@ -3,51 +3,25 @@
 #include <span>
 #include <string_view>
 
+#include "formats/FieldLimits.h"
 #include "kivo/Formats.h"
 #include "kivo/Informats.h"
 
 namespace kivoconvert {
 
-// The widest field the engine offers: the real layouts plan up to 32 digit places, and no date or
-// time layout needs more.
-inline constexpr int MAX_FIELD = 32;
+// The widths and decimals each entry takes are the library's own (src/formats/FieldLimits.h, where each
+// range is written once): the catalog names them, it does not write them again.
+namespace limits = kivo::limits;
+using Decimals = limits::Decimals;
+using Limits = limits::Limits;
+using limits::maxDecimals;
 
-// What the decimals of a spec do for an entry, and so which ones it accepts.
-enum class Decimals {
-    NOT_USED,          // only 0
-    MISSING_POSITION,  // below the width: they move the missing character left of the field's end
-    LAYOUT,            // below the width: digits of the layout (a fraction of a second, the d of w.d)
-    SIGNIFICANT,       // up to MAX_FIELD - 1: the digits D aims for; its layout bounds them, not the width
-    PASSED_THROUGH,    // up to MAX_FIELD - 1: handed to an informat as its decimals argument
-};
+// The widest field the engine offers: the widest any layout plans for.
+inline constexpr int MAX_FIELD = limits::WIDEST_FIELD;
 
 // What an entry's number is: a day serial, a seconds serial, a time of day or duration in seconds, or
 // a plain number.
 enum class ValueKind { DAY, DATETIME, TIME, NUMBER };
-
-// What a user may ask of one format or informat: its widths, default width and decimals. Each range
-// follows from the widths its layout handles; the default is the width a user sees most often.
-struct Limits {
-    int minWidth;
-    int maxWidth;
-    int defaultWidth;
-    Decimals decimals;
-};
-
-// The largest decimals an entry accepts at a width (the smallest is always 0).
-constexpr int maxDecimals(const Limits& limits, int width) {
-    switch (limits.decimals) {
-        case Decimals::NOT_USED:
-            return 0;
-        case Decimals::MISSING_POSITION:
-        case Decimals::LAYOUT:
-            return width - 1 < MAX_FIELD - 1 ? width - 1 : MAX_FIELD - 1;
-        case Decimals::SIGNIFICANT:
-        case Decimals::PASSED_THROUGH:
-            break;
-    }
-    return MAX_FIELD - 1;
-}
 
 // One format: its name as a user writes it (upper case; the plain numeric layout "12.3" has the empty
 // name), the library's exported symbol it calls ("ddmmyybFormat"; empty for the engine's own

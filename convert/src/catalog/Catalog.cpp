@@ -1,7 +1,7 @@
+#include "kivoconvert/Catalog.h"
+
 #include <array>
 #include <vector>
-
-#include "kivoconvert/Catalog.h"
 
 namespace kivoconvert {
 
@@ -49,8 +49,8 @@ std::span<const FormatEntry> formatCatalog() {
 }
 
 std::span<const InformatEntry> informatCatalog() {
-    static const std::vector<InformatEntry> all = concatenate<InformatEntry>(
-        {freeFormInformatEntries(), textInformatEntries(), machineInformatEntries()});
+    static const std::vector<InformatEntry> all =
+        concatenate<InformatEntry>({freeFormInformatEntries(), textInformatEntries(), machineInformatEntries()});
     return all;
 }
 
