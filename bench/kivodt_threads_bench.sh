@@ -1,6 +1,6 @@
 #!/bin/sh
 # Whole-process speed of kivodt on standard input: each job at 1e6 and 2e7 lines (or rows), with
-# --threads 1, with the default thread count and with --threads 2. Prints the median wall time of RUNS
+# --threads 1, with the default thread count and with --threads 2; and guess, on one thread. Prints the median wall time of RUNS
 # runs (default 5), the lines per second and the peak resident size. With KIVODT_BASE set to another
 # build's kivodt, each row runs that one too, alternating with this one, for an A/B in one run.
 #
@@ -48,7 +48,7 @@ median() {
     binary=$1 threads=$2 input=$3
     shift 3
     option=""
-    [ "$threads" = default ] || option="--threads $threads"
+    case $threads in default | one) ;; *) option="--threads $threads" ;; esac
     : > "$work/times"
     i=0
     while [ "$i" -lt "$runs" ]; do
@@ -80,3 +80,9 @@ row "format DATE9." days format DATE9.
 row "informat ANYDTDTE (mixed)" mixed informat ANYDTDTE
 row "convert YYMMDD10. DATE9." iso convert YYMMDD10. DATE9.
 row "--csv 2 convert YYMMDD10." csv --csv 2 convert YYMMDD10. DATE9.
+
+# guess reads a column on one thread, every candidate informat over every text.
+for lines in $sizes; do
+    median "$kivodt" one "$work/mixed-$lines" guess | awk -v n="$lines" \
+        '{ printf "%-26s %9d  one thread          %6.3f s %7.2f M/s  peak %6.1f MB\n", "guess (mixed)", n, $1, n / $1 / 1e6, $2 / 1024 }'
+done

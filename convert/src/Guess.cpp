@@ -268,21 +268,27 @@ void ColumnGuesser::weigh(std::span<const std::string_view> texts, std::span<con
 
 Guess ColumnGuesser::guess() const {
     Guess guess;
-    guess.leftOut = evidence_->leftOut;
     std::vector<Alternative> alternatives;
     if (const Candidate* fixed = chooseFixed(alternatives)) {
-        const Limits& limits = fixed->entry->limits;
-        const auto width = static_cast<int>(evidence_->longest);
-        guess.informat = std::string(fixed->entry->name) +
-                         (width >= limits.minWidth && width <= limits.maxWidth ? std::to_string(width) + "." : "");
+        guess.informat = specOf(*fixed);
         guess.read = fixed->read;
         guess.readsEvery = true;
     } else {
         proposeFreeForm(guess);
     }
+    guess.leftOut = evidence_->leftOut;
     guess.alternatives = std::move(alternatives);
     describeEvidence(guess);
     return guess;
+}
+
+// A candidate's spec: a fixed layout carries the width of the longest text, when it takes that width.
+std::string ColumnGuesser::specOf(const Candidate& candidate) const {
+    const Limits& limits = candidate.entry->limits;
+    const auto width = static_cast<int>(evidence_->longest);
+    const bool widthTaken =
+        candidate.entry->reading != Reading::ANY_LAYOUT && width >= limits.minWidth && width <= limits.maxWidth;
+    return std::string(candidate.entry->name) + (widthTaken ? std::to_string(width) + "." : "");
 }
 
 // The fixed layout that reads every text, ranked; the others that do go into the alternatives.
@@ -309,11 +315,13 @@ const ColumnGuesser::Candidate* ColumnGuesser::chooseFixed(std::vector<Alternati
         }
         const auto [otherWrites, otherShapes, otherOrder] = rank(other);
         const auto [writes, shapes, order] = rank(chosen);
-        std::string why = otherWrites != writes ? "its format does not write the texts back as they stand"
-                          : otherShapes != shapes
-                              ? "it accepts more other shapes"
-                              : "it reads " + std::string(styleName(orderOfLayout(other->entry->name))) +
-                                    " where the texts leave the order open";
+        const DateOrder otherReads = orderOfLayout(other->entry->name);
+        const std::string why =
+            otherWrites != writes   ? "its format does not write the texts back as they stand"
+            : otherShapes != shapes ? "it accepts more other shapes"
+            : otherReads != DateOrder::NONE && otherOrder != order
+                ? "it reads " + std::string(styleName(otherReads)) + " where the texts leave the order open"
+                : "it ties with " + std::string(chosen->entry->name) + ", which comes first in the catalog";
         alternatives.push_back({std::string(other->entry->name), why});
     }
     for (const Candidate& candidate : candidates_) {
@@ -351,11 +359,16 @@ void ColumnGuesser::proposeFreeForm(Guess& guess) const {
                   [](const UnreadText& a, const UnreadText& b) { return a.position < b.position; });
         guess.examples.resize(std::min(guess.examples.size(), EXAMPLES));
     }
-    const auto most = std::max_element(candidates_.begin(), candidates_.end(),
-                                       [](const Candidate& a, const Candidate& b) { return a.read < b.read; });
-    if (guess.unread > 0 && most->read > guess.read) {
+    // Reading the most, a fixed layout before a free-form one.
+    const auto most =
+        std::max_element(candidates_.begin(), candidates_.end(), [](const Candidate& a, const Candidate& b) {
+            return std::pair(a.read, a.entry->reading != Reading::ANY_LAYOUT) <
+                   std::pair(b.read, b.entry->reading != Reading::ANY_LAYOUT);
+        });
+    const bool fixed = most->entry->reading != Reading::ANY_LAYOUT;
+    if (guess.unread > 0 && (most->read > guess.read || (most->read == guess.read && fixed))) {
         guess = Guess{};
-        guess.informat = std::string(most->entry->name);
+        guess.informat = specOf(*most);
         guess.read = most->read;
         guess.unread = most->unread;
         guess.examples = most->examples;

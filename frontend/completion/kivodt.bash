@@ -8,7 +8,7 @@ _kivodt_names() {
 
 _kivodt() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]}
-    local commands="format informat convert list help"
+    local commands="format informat convert guess list help"
     local options="-h --help --version --hex --hex-in --hex-out --datestyle --yearcutoff --missing-char --today
         --keep --threads --csv --no-header --delimiter --keep-blanks --markdown"
     local taking="--datestyle|--yearcutoff|--missing-char|--today|--threads|--csv|--delimiter"

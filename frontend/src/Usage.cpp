@@ -22,6 +22,11 @@ constexpr CommandUsage COMMAND_USAGE[] = {
     {"convert", R"(  kivodt [OPTIONS] convert [OPTIONS] INFORMAT FORMAT [TEXT...]
       one line per text: read with INFORMAT, written with FORMAT
 )"},
+    {"guess", R"(  kivodt [OPTIONS] guess [OPTIONS] [TEXT...]
+      which informat reads the texts (one per line, or each column of a CSV with --csv), decided by all
+      of them: the first line is what convert takes before FORMAT, then how many it reads, the texts it
+      does not, the other informats that read them all and the evidence for the date order
+)"},
     {"list", R"(  kivodt list [--markdown]
       every format and informat with its widths and decimals; with --markdown, the reference with
       example fields and texts
@@ -57,8 +62,14 @@ Options (before or after the command, not after SPEC: there "-5" or "--hex" is a
                       for any N
 )";
 
+constexpr std::string_view GUESS_OPTIONS = R"(
+guess reads with --datestyle (for texts that leave day and month open), --yearcutoff and --today; it
+keeps counters, not the texts, so a column of any length takes the same memory. Exit status 0 when the
+proposal reads every text that is neither empty nor a missing-value notation, 1 when none does.
+)";
+
 constexpr std::string_view CSV = R"(
-CSV, with format, informat or convert (RFC 4180 quoting; every byte but the converted fields' is
+CSV, with format, informat, convert or guess (RFC 4180 quoting; every byte but the converted fields' is
 written back as it came; a record may hold 16 MiB):
   --csv COLUMNS       the columns to convert: numbers from 1 or header names, e.g. 2,shipped; a name
                       that is all digits, or holds a comma, goes in double quotes: --csv '"2021"'
@@ -82,7 +93,7 @@ std::string wholeUsage() {
     for (const CommandUsage& command : COMMAND_USAGE) {
         text.append(command.text);
     }
-    return text.append(SPECS).append(OPTIONS).append(CSV).append(ENVIRONMENT);
+    return text.append(SPECS).append(OPTIONS).append(GUESS_OPTIONS).append(CSV).append(ENVIRONMENT);
 }
 
 }  // namespace
@@ -100,6 +111,8 @@ std::string commandHelp(std::string_view command) {
         std::string text = "usage:\n" + std::string(usage.text);
         if (command == "format" || command == "informat" || command == "convert") {
             text.append(SPECS).append(OPTIONS).append(CSV);
+        } else if (command == "guess") {
+            text.append(GUESS_OPTIONS).append(CSV);
         }
         return text;
     }

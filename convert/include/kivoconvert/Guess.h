@@ -85,6 +85,7 @@ private:
     void tally(Candidate& candidate, std::span<const std::string_view> texts, std::span<const std::size_t> positions);
     void weigh(std::span<const std::string_view> texts, std::span<const std::size_t> positions);
     const Candidate* chooseFixed(std::vector<Alternative>& alternatives) const;
+    std::string specOf(const Candidate& candidate) const;
     void proposeFreeForm(Guess& guess) const;
     void describeEvidence(Guess& guess) const;
 
