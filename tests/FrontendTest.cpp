@@ -4,9 +4,11 @@
 // with a long line streamed past in bounded memory.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <map>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -100,14 +102,22 @@ using kivodt::test::BytesSource;
 using kivodt::test::Captured;
 using kivodt::test::capture;
 
-// What a reader gives, a text a line: "text|", "<long N "start">|" for one over the limit, and "!" for
-// a failed read. No block holds more than the limit's texts.
+// What a reader gives, a text a line: "text|", "<long N "start">|" for one over the limit (as the
+// runner names a line the reader held whole, or the reader one it could not), and "!" for a failed read.
 std::string readerGives(LineReader& reader) {
     std::string seen;
     for (LineReader::Next next = reader.next();; next = reader.next()) {
-        if (next == LineReader::Next::BLOCK) {
-            EXPECT_LE(reader.block().size(), 2u);
-            for (std::string_view text : reader.block()) seen += std::string(text) + "|";
+        std::size_t number = reader.firstNumber();
+        const auto see = [&](std::string_view text) {
+            const std::string start = kivoconvert::quotedStart(kivodt::shownStart(text, reader.maxLine()));
+            seen += text.size() > reader.maxLine() ? "<long " + std::to_string(number) + " " + start + ">|"
+                                                   : std::string(text) + "|";
+            ++number;
+        };
+        if (next == LineReader::Next::LINES) {
+            kivodt::forEachLine(reader.lines(), see);
+        } else if (next == LineReader::Next::TEXTS) {
+            std::for_each(reader.texts().begin(), reader.texts().end(), see);
         } else if (next == LineReader::Next::TOO_LONG) {
             seen += "<long " + std::to_string(reader.tooLongNumber()) + " " +
                     kivoconvert::quotedStart(reader.tooLongStart()) + ">|";
@@ -117,7 +127,7 @@ std::string readerGives(LineReader& reader) {
     }
 }
 
-constexpr LineReader::Limits SMALL{.maxLine = 4, .chunkBytes = 3, .maxTexts = 2};
+constexpr LineReader::Limits SMALL{.maxLine = 4, .chunkBytes = 3, .blockBytes = 5, .maxTexts = 2};
 
 TEST(KivodtLineReader, CutsLinesAndSkipsThoseOverTheLimitWhereverTheReadsEnd) {
     // The "\r" before the end of a line does not count; a lone "\r" is a byte of the line.
@@ -140,6 +150,17 @@ TEST(KivodtLineReader, CutsLinesAndSkipsThoseOverTheLimitWhereverTheReadsEnd) {
     const std::string_view arguments[] = {"a", "abcde", "", "abcd"};
     LineReader fromArguments(arguments, SMALL);
     EXPECT_EQ(readerGives(fromArguments), "a|<long 2 \"abcde\">||abcd|");
+}
+
+TEST(KivodtLineReader, CountsEveryLineWhateverBytesSurroundIt) {
+    std::mt19937_64 random(11);
+    const char bytes[] = {'\n', '\x0b', '\x0a' ^ '\x7f', '\x8a', '\0', 'a', '\r', '\xff'};
+    for (int n = 0; n < 2000; ++n) {
+        std::string lines(random() % 40, ' ');
+        for (char& c : lines) c = bytes[random() % std::size(bytes)];
+        const auto newlines = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
+        EXPECT_EQ(kivodt::countLines(lines), newlines + (!lines.empty() && lines.back() != '\n')) << n;
+    }
 }
 
 TEST(KivodtLineReader, AFailedReadEndsTheInputAfterTheLastWholeLine) {

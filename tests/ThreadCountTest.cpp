@@ -99,7 +99,7 @@ void expectSameOnAnyThreadCount(const LineReader::Limits& limits, int inputs, st
 }
 
 TEST(ThreadCount, ChangesNothingButTheTimeAtSmallLimits) {
-    expectSameOnAnyThreadCount({.maxLine = 12, .chunkBytes = 7, .maxTexts = 5}, 60, 2026);
+    expectSameOnAnyThreadCount({.maxLine = 12, .chunkBytes = 7, .blockBytes = 20, .maxTexts = 5}, 60, 2026);
 }
 
 TEST(ThreadCount, ChangesNothingButTheTimeAtTheRealLimits) {

@@ -74,6 +74,49 @@ std::size_t Conversion::outputSize() const noexcept {
     return hex_.output ? 2 * width : width;
 }
 
+inline Note Conversion::readText(std::string_view text, double& value, std::string& decoded) const {
+    if (isBlankText(text)) {
+        return Note::LEFT_OUT;
+    }
+    if (informat_.entry == nullptr) {
+        return parseValue(text, value) ? Note::NONE : Note::NOT_A_VALUE;
+    }
+    if (hex_.input) {
+        if (!decodeHex(text, decoded)) {
+            return Note::NOT_HEX;
+        }
+        text = decoded;
+    }
+    return readField(text, value);
+}
+
+// The output of one text, at `output`; returns its length.
+inline std::size_t Conversion::writeOutput(double value, Note note, char* output) const {
+    if (note == Note::LEFT_OUT) {
+        return 0;
+    }
+    if (format_.entry == nullptr) {
+        if (!keepsValue(note)) {
+            std::memcpy(output, INVALID.data(), INVALID.size());
+            return INVALID.size();
+        }
+        return printValue(value, output);
+    }
+    const auto width = static_cast<std::size_t>(format_.width);
+    char field[MAX_FIELD];
+    char* const written = hex_.output ? field : output;
+    if (keepsValue(note)) {
+        format_.entry->function(written, format_.width, format_.decimals, value);
+    } else {
+        std::memset(written, ' ', width);
+    }
+    if (hex_.output) {
+        encodeHex(field, width, output);
+        return 2 * width;
+    }
+    return width;
+}
+
 void Conversion::convert(std::span<const std::string_view> texts, ConvertedBlock& out, const Fanout& fanout) const {
     out.resize(texts.size(), outputSize());
     fanout.run(texts.size(), [&](std::size_t begin, std::size_t end) {
@@ -138,22 +181,6 @@ std::string Conversion::describe(Note note, std::string_view text) const {
     return "";
 }
 
-Note Conversion::readText(std::string_view text, double& value, std::string& decoded) const {
-    if (isBlankText(text)) {
-        return Note::LEFT_OUT;
-    }
-    if (informat_.entry == nullptr) {
-        return parseValue(text, value) ? Note::NONE : Note::NOT_A_VALUE;
-    }
-    if (hex_.input) {
-        if (!decodeHex(text, decoded)) {
-            return Note::NOT_HEX;
-        }
-        text = decoded;
-    }
-    return readField(text, value);
-}
-
 Note Conversion::readField(std::string_view text, double& value) const {
     if (text.size() > LONGEST_TEXT) {
         return Note::TOO_LONG;
@@ -188,36 +215,9 @@ Note Conversion::freeFormNote(std::string_view field, double result) const {
     return kind == ValueKind::TIME && freeFormType(field) == kivo::ANYDT_DATE ? Note::TIME_ZERO : Note::NONE;
 }
 
-// The output of one text, at `output`; returns its length.
-std::size_t Conversion::writeOutput(double value, Note note, char* output) const {
-    if (note == Note::LEFT_OUT) {
-        return 0;
-    }
-    if (format_.entry == nullptr) {
-        if (!keepsValue(note)) {
-            std::memcpy(output, INVALID.data(), INVALID.size());
-            return INVALID.size();
-        }
-        return printValue(value, output);
-    }
-    const auto width = static_cast<std::size_t>(format_.width);
-    char field[MAX_FIELD];
-    char* const written = hex_.output ? field : output;
-    if (keepsValue(note)) {
-        format_.entry->function(written, format_.width, format_.decimals, value);
-    } else {
-        std::memset(written, ' ', width);
-    }
-    if (hex_.output) {
-        encodeHex(field, width, output);
-        return 2 * width;
-    }
-    return width;
-}
-
 void ConvertedBlock::resize(std::size_t count, std::size_t slotSize) {
     slotSize_ = slotSize;
-    slots_.resize(count * slotSize);
+    slots_.resize(count * slotSize + SLOT_SLACK);
     lengths_.resize(count);
     notes_.resize(count);
 }

@@ -1,7 +1,7 @@
 #include "kivodt/GuessRunner.h"
 
+#include <algorithm>
 #include <memory>
-#include <numeric>
 #include <string>
 #include <vector>
 
@@ -22,24 +22,43 @@ int statusOf(const Guess& guess) { return guess.readsEvery ? EXIT_OK : EXIT_BAD_
 int runGuess(LineReader& reader, const OutputStreams& streams) {
     BufferedOutput out(streams.out);
     ColumnGuesser guesser;
+    const char* const place = reader.fromArguments() ? "argument" : "line";
+    std::vector<std::string_view> texts;
     std::vector<std::size_t> positions;
     int status = EXIT_OK;
+    const auto nameTooLong = [&](std::size_t number, std::string_view start) {
+        std::fprintf(streams.err, "kivodt: %s %zu: %s: %s\n", place, number,
+                     kivoconvert::tooLongText(reader.maxLine()).c_str(), kivoconvert::quotedStart(start).c_str());
+        status = EXIT_BAD_INPUT;
+    };
     for (LineReader::Next next = reader.next(); next != LineReader::Next::END && next != LineReader::Next::READ_FAILED;
          next = reader.next()) {
         if (next == LineReader::Next::TOO_LONG) {
-            std::fprintf(streams.err, "kivodt: line %zu: %s: %s\n", reader.tooLongNumber(),
-                         kivoconvert::tooLongText(reader.maxLine()).c_str(),
-                         kivoconvert::quotedStart(reader.tooLongStart()).c_str());
-            status = EXIT_BAD_INPUT;
+            nameTooLong(reader.tooLongNumber(), reader.tooLongStart());
             continue;
         }
-        positions.resize(reader.block().size());
-        std::iota(positions.begin(), positions.end(), reader.firstNumber());
-        guesser.add(reader.block(), positions);
+        texts.clear();
+        positions.clear();
+        std::size_t number = reader.firstNumber();
+        const auto keep = [&](std::string_view text) {
+            if (text.size() > reader.maxLine()) {
+                nameTooLong(number, shownStart(text, reader.maxLine()));
+            } else {
+                texts.push_back(text);
+                positions.push_back(number);
+            }
+            ++number;
+        };
+        if (next == LineReader::Next::LINES) {
+            forEachLine(reader.lines(), keep);
+        } else {
+            std::for_each(reader.texts().begin(), reader.texts().end(), keep);
+        }
+        guesser.add(texts, positions);
     }
     if (reader.readError() == 0) {
         const Guess guess = guesser.guess();
-        out.write(guess.arguments() + "\n" + guess.report(reader.fromArguments() ? "argument" : "line"));
+        out.write(guess.arguments() + "\n" + guess.report(place));
         status = std::max(status, statusOf(guess));
     }
     return endOfRun(out, reader.readError(), status, streams.err);

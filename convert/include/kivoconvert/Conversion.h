@@ -86,6 +86,10 @@ private:
 // stream of blocks reuses its room.
 class ConvertedBlock {
 public:
+    // Bytes past the last output that may be read, so that a writer can copy an output of up to this
+    // many bytes in one move of that fixed size.
+    static constexpr std::size_t SLOT_SLACK = 32;
+
     std::size_t size() const noexcept { return notes_.size(); }
     Note note(std::size_t i) const noexcept { return notes_[i]; }
     std::string_view output(std::size_t i) const noexcept { return {slots_.data() + i * slotSize_, lengths_[i]}; }

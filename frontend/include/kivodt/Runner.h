@@ -33,13 +33,20 @@ struct RunOptions {
 // its message ("; to read dates, use convert or informat: kivodt convert ANYDTDTE DATE9."), once.
 class DateTextHint {
 public:
+    // Whether the pointer may follow the message of a text: `format` given what reads as a date.
+    static bool fits(const kivoconvert::Conversion& conversion, kivoconvert::Note note, std::string_view text);
+    static std::string text(const kivoconvert::Conversion& conversion);
+    // The pointer, for the first text of a run that it fits; empty for every other.
     std::string after(const kivoconvert::Conversion& conversion, kivoconvert::Note note, std::string_view text);
+    bool given() const noexcept { return given_; }
+    void give() noexcept { given_ = true; }
 
 private:
     bool given_ = false;
 };
 
-// One output line per text of the reader's blocks: the conversion's output; for a left-out (empty or
+// One output line per text of the reader's blocks, each block's lines cut into runs that convert and
+// write on up to options.threads threads, joined in input order: the conversion's output; for a left-out (empty or
 // blank) text, the text as it came; for a text that cannot be used, the conversion's stand-in (with
 // options.keep, the text as it came). Every named text and every line over the limit is named on err
 // with its line or argument number ("kivodt: line 3: not read by DATE: "17XYZ2021""), and the run goes
