@@ -262,3 +262,20 @@ def test_large_blocks_on_several_threads_equal_one_value_at_a_time():
     assert all(fields[i] == kivo.format(values[i], "DATE11.") for i in range(0, len(values), 4999))
     shown = np.char.find(fields, "*") < 0
     assert (kivo.informat(fields[shown].astype(object), "DATE11.") == values[shown]).all()
+
+
+def test_the_dask_example_on_a_local_cluster_equals_pandas():
+    dd = pytest.importorskip("dask.dataframe")
+    distributed = pytest.importorskip("distributed")
+    sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "examples"))
+    import dask_column
+
+    frame = dask_column.orders(20000)
+    with distributed.LocalCluster(n_workers=2, threads_per_worker=1, processes=True, dashboard_address=None) as cluster, \
+            distributed.Client(cluster):
+        cleaned = dask_column.clean(dd.from_pandas(frame, npartitions=4)).compute()
+    expected = pd.to_datetime(frame["shipped"])  # mixed layouts: pandas reads each text on its own
+    pd.testing.assert_series_equal(cleaned["shipped_on"], expected, check_names=False)
+    assert (cleaned["shipped_field"] == expected.dt.strftime("%d%b%Y").str.upper()).all()
+    with pytest.raises(ValueError, match="did you mean"):
+        dd.from_pandas(frame, npartitions=2)["shipped"].kivo.format("DATEE9.")
