@@ -212,7 +212,7 @@ DoubleArray informatTexts(const std::string& spec, py::handle texts, py::tuple m
     CallServices services;
     services.set(kivo::settings::DATE_STYLE, "datestyle", datestyle);
     services.set(kivo::settings::YEAR_CUTOFF, "yearcutoff", yearcutoff);
-    const kivopy::TextColumn column(texts, missing);
+    const kivopy::TextColumn column(texts, missing, kivoconvert::Fanout(cores()));
     const std::span<const std::string_view> views = column.texts();
     const std::size_t count = views.size();
     DoubleArray values(static_cast<py::ssize_t>(count));
@@ -266,7 +266,7 @@ py::array missingCodesOfValues(DoubleArray values) {
 }
 
 py::array missingCodesOfTexts(py::handle texts, py::tuple missing) {
-    const kivopy::TextColumn column(texts, missing);
+    const kivopy::TextColumn column(texts, missing, kivoconvert::Fanout(cores()));
     return missingCodes<std::string_view>(column.texts());
 }
 

@@ -7,9 +7,10 @@
 
 #include <cstddef>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
+
+#include "kivoconvert/Fanout.h"
 
 namespace kivopy {
 
@@ -19,18 +20,18 @@ public:
     // or objects. A str is read as UTF-8 and bytes as they are; numpy's trailing NULs are no part of
     // an array's text. None, a float NaN and the objects of `missing` (pandas' NA and NaT) are the
     // empty text, a value left out; any other item is a TypeError naming its position and type.
-    TextColumn(pybind11::handle texts, pybind11::tuple missing);
+    // The texts are copied by the fan-out's runs: the objects are read, never changed, and the
+    // caller's hold on the lock keeps every other thread of the interpreter from changing them.
+    TextColumn(pybind11::handle texts, pybind11::tuple missing, const kivoconvert::Fanout& fanout);
 
     std::span<const std::string_view> texts() const noexcept { return views_; }
 
 private:
-    void addObject(PyObject* item, std::size_t position, pybind11::tuple missing);
-    void addUnicode(PyObject* text);
-    void endText() { offsets_.push_back(bytes_.size()); }
-    void viewCopies();
+    // copy(i, out) appends the bytes of text i to out.
+    template <class Copy>
+    void copyTexts(std::size_t count, const kivoconvert::Fanout& fanout, const Copy& copy);
 
-    std::string bytes_;                   // the copied texts end to end
-    std::vector<std::size_t> offsets_{0};  // text i is [offsets_[i], offsets_[i + 1]) of bytes_
+    std::vector<std::vector<char>> copies_;  // each run's texts end to end
     std::vector<std::string_view> views_;
 };
 
