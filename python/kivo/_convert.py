@@ -103,7 +103,7 @@ def informat(texts, spec, *, datestyle=None, yearcutoff=None, errors="coerce", a
 
 
 def _text_items(flat):
-    return flat if flat.dtype.kind in "USO" else np.ascontiguousarray(flat)
+    return _shapes.native(flat) if flat.dtype.kind in "USO" else flat  # the native module refuses the rest
 
 
 def _datetimes(values, kind, unit, errors):

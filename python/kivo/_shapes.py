@@ -34,6 +34,11 @@ class Shape:
         return result.reshape(self.shape)
 
 
+def native(flat):
+    """Items in one block in the machine's byte order, as the native module reads them."""
+    return np.ascontiguousarray(flat, dtype=flat.dtype.newbyteorder("="))
+
+
 def _objects(values):
     array = np.empty(len(values), dtype=object)
     array[:] = values

@@ -8,7 +8,7 @@ import numbers
 
 import numpy as np
 
-from . import _kivo
+from . import _kivo, _shapes
 
 try:
     import pandas as pd
@@ -106,7 +106,8 @@ def serials(flat, spec):
         return np.asarray(flat, dtype=np.float64)
     if kind in "Mm":
         unit, multiplier, value_kind = _counted(flat.dtype)
-        return _kivo.serials(spec, flat.view(np.int64), unit, multiplier, value_kind, f"{flat.dtype} values")
+        counts = _shapes.native(flat).view(np.int64)
+        return _kivo.serials(spec, counts, unit, multiplier, value_kind, f"{flat.dtype} values")
     if kind == "O":
         if numbers_only(flat):
             return flat.astype(np.float64)  # one numpy cast
