@@ -57,7 +57,7 @@ int bitWidth(unsigned __int128 v) {
 __int128 daysToMonth(__int128 year, int month) {
     const __int128 y = year - (month <= 2 ? 1 : 0);
     const __int128 era = floorDiv(y, 400);
-    const __int128 yearOfEra = y - era * 400;                            // [0, 399]
+    const __int128 yearOfEra = y - era * 400;                              // [0, 399]
     const int dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5;  // [0, 365], from 1 March
     const __int128 dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
     return era * 146097 + dayOfEra - 719468;
@@ -77,7 +77,8 @@ std::pair<__int128, __int128> exactSeconds(std::int64_t count, const CountUnit& 
 }  // namespace
 
 bool countUnit(std::string_view code, std::int64_t multiplier, CountUnit& unit) {
-    const auto row = std::find_if(std::begin(UNITS), std::end(UNITS), [code](const UnitRow& r) { return r.code == code; });
+    const auto row =
+        std::find_if(std::begin(UNITS), std::end(UNITS), [code](const UnitRow& r) { return r.code == code; });
     if (row == std::end(UNITS) || multiplier < 1) {
         return false;
     }
@@ -133,7 +134,8 @@ bool countOfSerial(double value, ValueKind kind, std::int64_t perSecond, std::in
         units = perSecond == 0 ? days : days * SECONDS_PER_DAY * perSecond;
     } else {
         const __int128 seconds = wholeCount - (kind == ValueKind::DATETIME ? EPOCH_DAYS * SECONDS_PER_DAY : 0);
-        units = seconds * perSecond + static_cast<std::int64_t>(std::floor(fraction * static_cast<double>(perSecond) + 0.5));
+        units = seconds * perSecond +
+                static_cast<std::int64_t>(std::floor(fraction * static_cast<double>(perSecond) + 0.5));
     }
     if (units <= NOT_A_TIME || units > std::numeric_limits<std::int64_t>::max()) {
         return false;

@@ -87,7 +87,8 @@ private:
 
 template <class Entry>
 kivoconvert::ResolvedSpec<Entry> resolved(const std::string& spec,
-                                          bool (*resolve)(std::string_view, kivoconvert::ResolvedSpec<Entry>&, std::string&)) {
+                                          bool (*resolve)(std::string_view, kivoconvert::ResolvedSpec<Entry>&,
+                                                          std::string&)) {
     kivoconvert::ResolvedSpec<Entry> result;
     std::string error;
     if (spec.find('\0') != std::string::npos) {
@@ -135,8 +136,10 @@ py::dict describeInformat(const std::string& spec) {
 // Counts of a datetime64 (kind "day" for the units of a day or more, else "datetime") or timedelta64
 // ("time") as the serials the format takes, exactly; the kind decides as in kivodt convert. `what`
 // names the values for the message when the format cannot show them ("timedelta64[D] values").
-DoubleArray serials(const std::string& spec, py::array_t<std::int64_t, py::array::c_style | py::array::forcecast> counts,
-                    const std::string& unitCode, std::int64_t multiplier, const std::string& kind, const std::string& what) {
+DoubleArray serials(const std::string& spec,
+                    py::array_t<std::int64_t, py::array::c_style | py::array::forcecast> counts,
+                    const std::string& unitCode, std::int64_t multiplier, const std::string& kind,
+                    const std::string& what) {
     const auto format = resolvedFormat(spec);
     const ValueKind read = kindNamed(kind);
     const kivoconvert::KindStep step = kivoconvert::kindStep(read, format.entry->kind);
@@ -207,7 +210,8 @@ py::array formatValues(const std::string& spec, DoubleArray values, std::optiona
 // naming the first such text, its position and the engine's words for the note; a text left out gives
 // the missing value, never an error.
 DoubleArray informatTexts(const std::string& spec, py::handle texts, py::tuple missing,
-                          std::optional<std::string> datestyle, std::optional<std::string> yearcutoff, bool raiseErrors) {
+                          std::optional<std::string> datestyle, std::optional<std::string> yearcutoff,
+                          bool raiseErrors) {
     const auto informat = resolvedInformat(spec);
     CallServices services;
     services.set(kivo::settings::DATE_STYLE, "datestyle", datestyle);
@@ -281,8 +285,8 @@ py::list catalog() {
         row["max_width"] = limits.maxWidth;
         row["default_width"] = limits.defaultWidth;
         row["max_decimals"] = kivoconvert::maxDecimals(limits, kivoconvert::MAX_FIELD);
-        row["decimals_below_width"] =
-            limits.decimals == kivoconvert::Decimals::MISSING_POSITION || limits.decimals == kivoconvert::Decimals::LAYOUT;
+        row["decimals_below_width"] = limits.decimals == kivoconvert::Decimals::MISSING_POSITION ||
+                                      limits.decimals == kivoconvert::Decimals::LAYOUT;
         row["value_kind"] = packageKindName(entry.kind);
         rows.append(row);
     };

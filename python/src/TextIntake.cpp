@@ -121,7 +121,8 @@ TextColumn::TextColumn(py::handle texts, py::tuple missing, const kivoconvert::F
     if (PyList_Check(texts.ptr()) || PyTuple_Check(texts.ptr())) {
         PyObject** objects = PySequence_Fast_ITEMS(texts.ptr());
         const auto count = static_cast<std::size_t>(PySequence_Fast_GET_SIZE(texts.ptr()));
-        copyTexts(count, fanout, [&](std::size_t i, std::vector<char>& out) { appendObject(objects[i], i, missingSpan, out); });
+        copyTexts(count, fanout,
+                  [&](std::size_t i, std::vector<char>& out) { appendObject(objects[i], i, missingSpan, out); });
         return;
     }
     if (!py::isinstance<py::array>(texts)) {
@@ -136,7 +137,8 @@ TextColumn::TextColumn(py::handle texts, py::tuple missing, const kivoconvert::F
     const char kind = array.dtype().kind();
     if (kind == 'O') {
         auto* const* objects = static_cast<PyObject* const*>(array.data());
-        copyTexts(count, fanout, [&](std::size_t i, std::vector<char>& out) { appendObject(objects[i], i, missingSpan, out); });
+        copyTexts(count, fanout,
+                  [&](std::size_t i, std::vector<char>& out) { appendObject(objects[i], i, missingSpan, out); });
     } else if (kind == 'S') {
         // Read in place: the caller keeps the array alive while the views are used.
         views_.resize(count);

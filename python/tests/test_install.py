@@ -23,8 +23,8 @@ def test_pip_installs_the_package_and_its_libraries_into_a_venv(tmp_path):
                    env={k: v for k, v in os.environ.items() if k != "PYTHONPATH"})
     assert len(list(tmp_path.glob("kivo-*.whl"))) == 1
     subprocess.run([*pip, "install", "--no-build-isolation", ROOT], check=True, env=user)
-    script = ("import importlib.metadata, kivo; print(kivo.__file__, kivo.__version__ == importlib.metadata.version('kivo'),"
-              " kivo.format(22356, 'DATE9.'))")
+    script = ("import importlib.metadata, kivo; print(kivo.__file__,"
+              " kivo.__version__ == importlib.metadata.version('kivo'), kivo.format(22356, 'DATE9.'))")
     shown = subprocess.run([str(venv / "bin" / "python"), "-c", script], cwd=tmp_path, env=user,
                            capture_output=True, text=True, check=True).stdout.split()
     assert shown[0].startswith(str(venv)) and shown[1:] == ["True", "17MAR2021"]

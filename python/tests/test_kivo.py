@@ -30,18 +30,20 @@ def test_formats_write_the_fields_of_kivodt(entry):
     fields = kivo.format(VALUES, spec)
     hex_option = ["--hex"] if fields.dtype.kind == "S" else []
     if hex_option:  # the array's buffer holds every byte of each field
-        fields = [fields.tobytes()[i:i + fields.itemsize].hex().upper() for i in range(0, fields.nbytes, fields.itemsize)]
+        size = fields.itemsize
+        fields = [fields.tobytes()[i:i + size].hex().upper() for i in range(0, fields.nbytes, size)]
     assert list(fields) == kivodt(*hex_option, "format", spec, inputs=[repr(v) for v in VALUES])[0]
 
 
 @pytest.mark.parametrize("entry", [e for e in CATALOG if e["kind"] == "informat"], ids=lambda e: e["name"])
 def test_informats_read_the_values_of_kivodt_and_nan_where_it_names_the_text(entry):
     reads_bytes = kivo._kivo.describe_informat(entry["name"])["reads_bytes"]
-    texts = [bytes.fromhex(t) if reads_bytes and t.isalnum() and len(t) % 2 == 0 and all(c in "0123456789ABCDEF" for c in t)
-             else t.encode() for t in TEXTS]
+    hex_pairs = [t.isalnum() and len(t) % 2 == 0 and all(c in "0123456789ABCDEF" for c in t) for t in TEXTS]
+    texts = [bytes.fromhex(t) if reads_bytes and pairs else t.encode() for t, pairs in zip(TEXTS, hex_pairs)]
     values = kivo.informat(texts, entry["name"])
     hex_option = ["--hex"] if reads_bytes else []
-    printed, messages = kivodt(*hex_option, "informat", entry["name"], inputs=[t.hex() if reads_bytes else t.decode() for t in texts])
+    inputs = [t.hex() if reads_bytes else t.decode() for t in texts]
+    printed, messages = kivodt(*hex_option, "informat", entry["name"], inputs=inputs)
     for line, (value, text, shown) in enumerate(zip(values, texts, printed), start=1):
         if f"line {line}:" in messages:
             assert np.isnan(value) and kivo.missing_codes(value) == ".", (text, shown)
@@ -68,7 +70,7 @@ KIND_ROWS = [
     (_datetime64("2021-03-17T13:45:30", "h"), "DATETIME19.", [" 17MAR2021:13:00:00"]),
     (np.array([49530, 0], dtype=">m8[s]")[::2], "TIME8.", ["13:45:30"]),
     (np.array([3, 0], dtype="timedelta64[W]"), "TIME9.", ["504:00:00", "  0:00:00"]),
-    (np.array(["2021-03-17T13:45:30", "NaT"], dtype="datetime64[10s]"), "DATETIME19.", [DATETIME, "                  ."]),
+    (np.array(["2021-03-17T13:45:30", "NaT"], dtype="datetime64[10s]"), "DATETIME19.", [DATETIME, " " * 18 + "."]),
     ([22356, 45296.789], "DATE9.", ["17MAR2021", "06JAN2084"]),
     (_datetime64("2021-03-17", "D"), "BEST8.", ["   22356"]),
     (_datetime64("1960-01-02T00:00:01", "s"), "BEST8.", ["   86401"]),
@@ -129,7 +131,8 @@ def test_random_datetime64_of_every_unit_give_the_exact_serials(unit):
     counts = np.concatenate([random.integers(lowest, highest, 2000, endpoint=True),
                              np.clip(near_1960 + random.integers(-10**6, 10**6, 500), lowest, highest)])
     if size is None:  # calendar units: numpy's own calendar gives the day
-        seconds = [int(d) * 86400 for d in counts.astype(f"datetime64[{unit}]").astype("datetime64[D]").astype(np.int64)]
+        days = counts.astype(f"datetime64[{unit}]").astype("datetime64[D]").astype(np.int64)
+        seconds = [int(d) * 86400 for d in days]
     else:
         seconds = [int(c) * size for c in counts]
     serials = kivo._kivo.serials("DATETIME19.", counts, unit, 1, "datetime", "")
@@ -195,8 +198,10 @@ INFORMAT_ROWS = [
      ValueError(r"position 0 lies outside what datetime64\[ns\]")),
     # the per-text rules: past the width, nothing found, day 0, rejected, left out
     ([" 2021-03-17", "2021-03-17"], "YYMMDD10.", {}, [np.nan, 22356.0]),
-    ([" 2021-03-17"], "YYMMDD10.", {"errors": "raise"}, ValueError('" 2021-03-17" at position 0: 1 byte past the width')),
-    (["2021-03-17", "nothing"], "ANYDTDTE", {"errors": "raise"}, ValueError('"nothing" at position 1: not read by ANYDTDTE')),
+    ([" 2021-03-17"], "YYMMDD10.", {"errors": "raise"},
+     ValueError('" 2021-03-17" at position 0: 1 byte past the width')),
+    (["2021-03-17", "nothing"], "ANYDTDTE", {"errors": "raise"},
+     ValueError('"nothing" at position 1: not read by ANYDTDTE')),
     (["10:30"], "ANYDTDTE", {"errors": "raise"}, ValueError(r"read as day 0 \(01JAN1960\)")),
     (["17MAR2021", "bad"], "DATE9.", {"errors": "raise"}, ValueError('"bad" at position 1: not read by DATE')),
     ([None, np.nan, pd.NA, pd.NaT, "", "  "], "DATE9.", {"errors": "raise"}, [np.nan] * 6),
@@ -272,8 +277,8 @@ def test_the_dask_example_on_a_local_cluster_equals_pandas():
     import dask_column
 
     frame = dask_column.orders(20000)
-    with distributed.LocalCluster(n_workers=2, threads_per_worker=1, processes=True, dashboard_address=None) as cluster, \
-            distributed.Client(cluster):
+    cluster = distributed.LocalCluster(n_workers=2, threads_per_worker=1, processes=True, dashboard_address=None)
+    with cluster, distributed.Client(cluster):
         cleaned = dask_column.clean(dd.from_pandas(frame, npartitions=4)).compute()
     expected = pd.to_datetime(frame["shipped"])  # mixed layouts: pandas reads each text on its own
     pd.testing.assert_series_equal(cleaned["shipped_on"], expected, check_names=False)
