@@ -8,6 +8,8 @@ cd "$(dirname "$0")/.."
 cmake --preset debug
 cmake --build --preset debug
 ctest --preset debug
+# The Python package's own count, which ctest folds into one line.
+grep -E '^[0-9]+ (passed|failed)|^SKIPPED' build/debug/Testing/Temporary/LastTest.log || true
 
 cmake --preset asan
 cmake --build --preset asan

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 
 #include "kivox/Missing.h"
@@ -144,6 +145,22 @@ bool isMissingNotation(std::string_view text) noexcept {
     const std::string_view body = trimmed(text);
     double ignored = 0;
     return kivo::findNumericMissing(body.data(), body.data() + body.size(), ignored);
+}
+
+char missingCode(double value) noexcept {
+    if (isMissingValue(value)) {
+        return kivo::lum_numeric::missingChar(value);
+    }
+    return std::isnan(value) ? '.' : '\0';
+}
+
+char missingCode(std::string_view text) noexcept {
+    if (isBlankText(text)) {
+        return '.';
+    }
+    const std::string_view body = trimmed(text);
+    double value = 0;
+    return kivo::findNumericMissing(body.data(), body.data() + body.size(), value) ? missingCode(value) : '\0';
 }
 
 }  // namespace kivoconvert

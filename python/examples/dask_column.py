@@ -1,34 +1,44 @@
-"""Converting a column of a Dask DataFrame with kivo, partition by partition, on a distributed cluster.
+"""Cleaning a date column of a Dask DataFrame with kivo on a distributed cluster: texts in mixed
+layouts read with ANYDTDTE, then written with DATE9., one kivo call per partition on the worker that
+holds it.
 
-    /usr/bin/python3 python/examples/dask_column.py
+After `pip install .` (in a venv: v/bin/python) or `cmake --install` (Debian's /usr/bin/python3):
 
-Each worker imports kivo and converts its partitions as whole arrays; the result equals one
-kivo.format call on the whole column.
+    python3 python/examples/dask_column.py
+
+or from a build tree, with the package on the path of every worker:
+
+    PYTHONPATH=build/release/python /usr/bin/python3 python/examples/dask_column.py
 """
 
 import numpy as np
 import pandas as pd
 
+import kivo  # noqa: F401  (registers the .kivo accessor on Dask Series)
 
-def format_column(column, spec, **options):
-    """A Dask Series of day or seconds serials as the fields of `spec`, one kivo call per partition."""
+LAYOUTS = ["%Y-%m-%d", "%d%b%Y", "%m/%d/%Y", "%d-%b-%Y"]
 
-    def convert(part):
-        import kivo  # on the worker, which converts its partition as one array
 
-        return pd.Series(kivo.format(part, spec, **options), index=part.index, name=part.name)
+def orders(rows):
+    """A frame of orders whose "shipped" column holds days from 1990 to 2030 written in several layouts."""
+    days = pd.Series(np.random.default_rng(2021).integers(7305, 21915, rows).astype("datetime64[D]"))
+    shipped = pd.concat([days[i::len(LAYOUTS)].dt.strftime(layout) for i, layout in enumerate(LAYOUTS)]).sort_index()
+    return pd.DataFrame({"id": np.arange(rows), "shipped": shipped})
 
-    return column.map_partitions(convert, meta=(column.name, "object"))
+
+def clean(frame):
+    """The "shipped" column of a Dask DataFrame as datetimes and as DATE9. fields."""
+    shipped = frame["shipped"].kivo.informat("ANYDTDTE", as_datetime=True)
+    return frame.assign(shipped_on=shipped, shipped_field=shipped.kivo.format("DATE9."))
 
 
 def main():
     import dask.dataframe as dd
     from distributed import Client, LocalCluster
 
-    frame = pd.DataFrame({"day": np.arange(0, 1_000_000, dtype=np.float64)})
-    with LocalCluster(n_workers=2, threads_per_worker=1) as cluster, Client(cluster):
-        dates = format_column(dd.from_pandas(frame, npartitions=8)["day"], "DATE9.").compute()
-    print(dates.head())
+    with LocalCluster(n_workers=2, threads_per_worker=1, dashboard_address=None) as cluster, Client(cluster):
+        cleaned = clean(dd.from_pandas(orders(1_000_000), npartitions=8)).compute()
+    print(cleaned.head())
 
 
 if __name__ == "__main__":

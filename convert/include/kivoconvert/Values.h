@@ -29,4 +29,13 @@ bool isBlankText(std::string_view text) noexcept;
 // True when the text, without the blanks around it, is a missing-value notation (".", "._", ".A").
 bool isMissingNotation(std::string_view text) noexcept;
 
+// The code of a missing value as the host tells it: '.' for the ordinary one, '_' or a letter for a
+// special one (".a" read by an informat gives 'A'). A NaN of no missing pattern (numpy's) counts as
+// the ordinary one, as the formats show it; a number gives '\0'.
+char missingCode(double value) noexcept;
+
+// The same for a text: '.' for a value left out (empty or blank, as an informat reads it), the code
+// of a missing-value notation (".", "._", ".z" gives 'Z'), '\0' for any other text.
+char missingCode(std::string_view text) noexcept;
+
 }  // namespace kivoconvert
