@@ -35,3 +35,16 @@ def informat(texts: Any, spec: str, *, datestyle: Optional[str] = ..., yearcutof
 def missing_codes(values: Union[float, str, bytes, None]) -> str: ...
 @overload
 def missing_codes(values: Any) -> Any: ...
+
+class Guess:
+    informat: str
+    datestyle: Optional[str]
+    read: int
+    unread: int
+    left_out: int
+    reads_every: bool
+    examples: list[tuple[int, str]]
+    alternatives: list[tuple[str, str]]
+    arguments: str
+
+def guess(texts: Any, *, datestyle: Optional[str] = ..., yearcutoff: Union[int, str, None] = ...) -> Guess: ...

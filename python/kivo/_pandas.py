@@ -6,6 +6,7 @@ import pandas as pd
 from ._convert import format as _format
 from ._convert import informat as _informat
 from ._convert import missing_codes as _missing_codes
+from ._guess import guess as _guess
 
 
 @pd.api.extensions.register_series_accessor("kivo")
@@ -24,3 +25,7 @@ class KivoAccessor:
     def missing_codes(self):
         """kivo.missing_codes of the Series."""
         return _missing_codes(self._series)
+
+    def guess(self, **options):
+        """kivo.guess of the Series: which informat reads it (see kivo.guess)."""
+        return _guess(self._series, **options)

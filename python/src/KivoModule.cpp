@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <numeric>
 #include <optional>
 #include <string>
 #include <thread>
@@ -18,6 +19,7 @@
 #include "TextIntake.h"
 #include "kivoconvert/Catalog.h"
 #include "kivoconvert/Conversion.h"
+#include "kivoconvert/Guess.h"
 #include "kivoconvert/Spec.h"
 #include "kivoconvert/Values.h"
 #include "kivox/OptionSettings.h"
@@ -78,7 +80,8 @@ public:
         }
     }
 
-    kivoconvert::Fanout fanout() { return kivoconvert::Fanout(cores(), used_ ? &locator_ : nullptr); }
+    kivo::ServiceLocator* locator() { return used_ ? &locator_ : nullptr; }
+    kivoconvert::Fanout fanout() { return kivoconvert::Fanout(cores(), locator()); }
 
 private:
     kivo::ServiceLocator locator_;
@@ -242,6 +245,44 @@ DoubleArray informatTexts(const std::string& spec, py::handle texts, py::tuple m
     return values;
 }
 
+// Which informat reads a column of texts, decided by all of them (kivoconvert::ColumnGuesser): its
+// fields for kivo.Guess. Positions are the texts' flat positions.
+py::dict guessTexts(py::handle texts, py::tuple missing, std::optional<std::string> datestyle,
+                    std::optional<std::string> yearcutoff) {
+    CallServices services;
+    services.set(kivo::settings::DATE_STYLE, "datestyle", datestyle);
+    services.set(kivo::settings::YEAR_CUTOFF, "yearcutoff", yearcutoff);
+    const kivopy::TextColumn column(texts, missing, kivoconvert::Fanout(cores()));
+    kivoconvert::Guess guess;
+    {
+        py::gil_scoped_release unlocked;
+        std::vector<std::size_t> positions(column.texts().size());
+        std::iota(positions.begin(), positions.end(), std::size_t{0});
+        kivoconvert::ColumnGuesser guesser(services.locator());
+        guesser.add(column.texts(), positions);
+        guess = guesser.guess();
+    }
+    py::dict fields;
+    fields["informat"] = guess.informat;
+    fields["datestyle"] = guess.datestyle.empty() ? py::object(py::none()) : py::object(py::str(guess.datestyle));
+    fields["read"] = guess.read;
+    fields["unread"] = guess.unread;
+    fields["left_out"] = guess.leftOut;
+    fields["reads_every"] = guess.readsEvery;
+    py::list examples, alternatives;
+    for (const kivoconvert::UnreadText& example : guess.examples) {
+        examples.append(py::make_tuple(example.position, py::bytes(example.text).attr("decode")("utf-8", "replace")));
+    }
+    for (const kivoconvert::Alternative& alternative : guess.alternatives) {
+        alternatives.append(py::make_tuple(alternative.informat, alternative.why));
+    }
+    fields["examples"] = examples;
+    fields["alternatives"] = alternatives;
+    fields["arguments"] = guess.arguments();
+    fields["report"] = guess.report("position");
+    return fields;
+}
+
 // Serials of an informat's kind as datetime64 / timedelta64 counts (see countsOfSerials): the counts
 // and the position of the first value they cannot hold, or -1.
 py::tuple datetimeCounts(DoubleArray values, const std::string& kind, std::int64_t perSecond) {
@@ -315,4 +356,6 @@ PYBIND11_MODULE(_kivo, module) {
     module.def("missing_codes_of_values", &missingCodesOfValues, py::arg("values"));
     module.def("missing_codes_of_texts", &missingCodesOfTexts, py::arg("texts"), py::arg("missing"));
     module.def("catalog", &catalog);
+    module.def("guess_texts", &guessTexts, py::arg("texts"), py::arg("missing"), py::arg("datestyle"),
+               py::arg("yearcutoff"));
 }

@@ -285,3 +285,18 @@ def test_the_dask_example_on_a_local_cluster_equals_pandas():
     assert (cleaned["shipped_field"] == expected.dt.strftime("%d%b%Y").str.upper()).all()
     with pytest.raises(ValueError, match="did you mean"):
         dd.from_pandas(frame, npartitions=2)["shipped"].kivo.format("DATEE9.")
+
+
+@pytest.mark.parametrize("strftime, informat, datestyle", [
+    ("%d/%m/%Y", "DDMMYY10.", None), ("%m/%d/%Y", "MMDDYY10.", None), ("%Y-%m-%d", "YYMMDD10.", None),
+])
+def test_guess_reads_a_column_to_its_true_days(strftime, informat, datestyle):
+    days = pd.Series(pd.to_datetime(np.random.default_rng(5).integers(-20000, 20000, 500), unit="D"))
+    texts = days.dt.strftime(strftime)
+    guess = texts.kivo.guess()
+    assert (guess.informat, guess.datestyle, guess.reads_every) == (informat, datestyle, True)
+    assert str(guess).startswith(informat + "\nreads all 500 texts")
+    read = kivo.informat(texts, guess.informat, datestyle=guess.datestyle, as_datetime=True)
+    pd.testing.assert_series_equal(read, days)
+    unread = kivo.guess(list(texts[:20]) + ["n/a", None])
+    assert (unread.unread, unread.left_out, unread.examples) == (1, 1, [(20, "n/a")])
