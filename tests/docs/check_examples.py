@@ -20,7 +20,7 @@ import tempfile
 def examples(path):
     """(line number, command, expected output) for each example of a Markdown file."""
     found, block, current = [], False, None
-    for number, line in enumerate(pathlib.Path(path).read_text().split("\n"), 1):
+    for number, line in enumerate(pathlib.Path(path).read_text(encoding="utf-8").split("\n"), 1):
         if line.startswith("```"):
             if current:
                 found.append(current)
@@ -37,7 +37,7 @@ def examples(path):
 def python_blocks(path):
     """The fenced python blocks of a Markdown file, with the line each starts on."""
     blocks, current = [], None
-    for number, line in enumerate(pathlib.Path(path).read_text().split("\n"), 1):
+    for number, line in enumerate(pathlib.Path(path).read_text(encoding="utf-8").split("\n"), 1):
         if line.startswith("```"):
             if current is not None:
                 blocks.append(current)
@@ -71,7 +71,8 @@ def main():
             for number, command, expected in examples(path):
                 ran += 1
                 result = subprocess.run(["sh", "-c", command], cwd=scratch, env=environment,
-                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8",
+                                        errors="replace")
                 got = result.stdout.removesuffix("\n")
                 if got != expected:
                     failures += 1
