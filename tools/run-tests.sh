@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds and runs every test: the debug build, then the whole suite again under AddressSanitizer and
-# UndefinedBehaviorSanitizer, then under ThreadSanitizer, then each libFuzzer target for a bounded time
-# (FUZZ_SECONDS, default 60).
+# UndefinedBehaviorSanitizer, then under ThreadSanitizer, then the ABI check and the Debian packages,
+# then each libFuzzer target for a bounded time (FUZZ_SECONDS, default 60).
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -18,6 +18,10 @@ ctest --preset asan
 cmake --preset tsan
 cmake --build --preset tsan
 ctest --preset tsan
+
+# The libraries' ABI against abi/, and the Debian packages made and tried (the `abi` preset's build).
+tools/check-abi.sh
+tools/check-packages.sh
 
 if [ -x tools/run-fuzzers.sh ]; then
     tools/run-fuzzers.sh "${FUZZ_SECONDS:-60}"

@@ -5,7 +5,9 @@
 // The formats: each writes exactly width bytes (no terminating NUL) for one value and returns 0.
 // Arguments: the field, its width, the decimals of the format spec, the value (a day serial,
 // a seconds serial, a time value or a missing value).
+#ifdef __cplusplus
 extern "C" {
+#endif
 
 typedef int (*KivoFormatFunction)(char* field, int width, int decimals, double value);
 
@@ -117,4 +119,6 @@ KIVO_EXPORT int pdjuliFormat(char* field, int width, int decimals, double value)
 KIVO_EXPORT int minguoFormat(char* field, int width, int decimals, double value);
 KIVO_EXPORT int nengoFormat(char* field, int width, int decimals, double value);
 
+#ifdef __cplusplus
 }  // extern "C"
+#endif

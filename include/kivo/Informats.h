@@ -4,7 +4,9 @@
 
 // The informats: each reads width bytes of text (not NUL-terminated) and returns 1 when it stored a
 // value or a missing value in *result, 0 when the text is not acceptable (result left as it was).
+#ifdef __cplusplus
 extern "C" {
+#endif
 
 typedef int (*KivoInformatFunction)(const char* text, int width, int length, int decimals, double* result);
 
@@ -59,4 +61,6 @@ KIVO_EXPORT int weekuInformat(const char* text, int width, int length, int decim
 KIVO_EXPORT int weekvInformat(const char* text, int width, int length, int decimals, double* result);
 KIVO_EXPORT int weekwInformat(const char* text, int width, int length, int decimals, double* result);
 
+#ifdef __cplusplus
 }  // extern "C"
+#endif

@@ -1,6 +1,8 @@
 #include <string.h>
 #include <strings.h>
 
+#include <cstddef>
+
 #include "kivo/Strings.h"
 
 namespace {
