@@ -13,8 +13,6 @@ namespace {
 using kivoconvert::Conversion;
 using kivoconvert::Note;
 
-// One run of a block: its lines (or arguments) converted and written, with their messages, into buffers
-// of its own, so that runs on several threads never share a byte until they are joined in order.
 // A run's output: lines appended with their room made once per batch, so that a line of the conversion's
 // costs one copy of a fixed size and a newline.
 class LineBuffer {
@@ -48,6 +46,8 @@ private:
     std::size_t size_ = 0;
 };
 
+// One run of a block: its lines (or arguments) converted and written, with their messages, into buffers
+// of its own, so that runs on several threads never share a byte until they are joined in order.
 struct LineRun {
     std::string_view lines;                   // its share of a block of lines, or
     std::span<const std::string_view> texts;  // a block of arguments
@@ -190,6 +190,7 @@ int runLines(const Conversion& conversion, LineReader& reader, const RunOptions&
         } else {
             break;
         }
+        // A thread for each share, the caller's among them.
         kivoconvert::Fanout(static_cast<int>(used.size()), nullptr, 1)
             .run(used.size(), [&](std::size_t begin, std::size_t end) {
                 for (std::size_t r = begin; r < end; ++r) {

@@ -35,8 +35,8 @@ public:
         END,          // no more texts
         READ_FAILED,  // reading failed; readError() says why
     };
-    static constexpr std::size_t CHUNK_BYTES = std::size_t{1} << 20;
-    static constexpr std::size_t BLOCK_BYTES = std::size_t{1} << 19;
+    static constexpr std::size_t CHUNK_BYTES = std::size_t{1} << 21;
+    static constexpr std::size_t BLOCK_BYTES = std::size_t{1} << 21;
     static constexpr std::size_t MAX_TEXTS = 65536;
 
     struct Limits {
