@@ -41,7 +41,9 @@ public:
 
     void write(CsvRowBlock& block) {
         texts_ = block.texts();
-        conversion_.convert(texts_, converted_, fanout_);
+        const bool alone = seen_ < options_.aloneFor;
+        seen_ += block.bytes();
+        conversion_.convert(texts_, converted_, alone ? kivoconvert::Fanout(1) : fanout_);
         for (std::size_t i = 0; i < block.rowCount(); ++i) {
             const CsvRowBlock::Row row = block.row(i);
             if (row.treatment == RowTreatment::CONVERT) {
@@ -138,6 +140,7 @@ private:
     std::string field_;
     std::string messages_;
     DateTextHint hint_;
+    std::size_t seen_ = 0;  // bytes of the rows converted
     int status_ = EXIT_OK;
 };
 

@@ -172,10 +172,13 @@ int runLines(const Conversion& conversion, LineReader& reader, const RunOptions&
     std::vector<LineRun> runs(static_cast<std::size_t>(std::max(options.threads, 1)));
     DateTextHint hint;
     int status = EXIT_OK;
+    std::size_t converted = 0;  // bytes
     for (LineReader::Next next = reader.next(); !out.failed(); next = reader.next()) {
         std::span<LineRun> used(runs.data(), 1);
         if (next == LineReader::Next::LINES) {
-            used = std::span<LineRun>(runs.data(), fanout.runsFor(reader.lineCount()));
+            const bool alone = converted < options.aloneFor;
+            converted += reader.lines().size();
+            used = std::span<LineRun>(runs.data(), alone ? 1 : fanout.runsFor(reader.lineCount()));
             cutIntoRuns(reader.lines(), reader.firstNumber(), used);
         } else if (next == LineReader::Next::TEXTS) {
             runs[0].texts = reader.texts();

@@ -126,7 +126,7 @@ int guess(const kivodt::CommandLine& line, const kivodt::CsvOptions& csv) {
 }
 
 int run(const kivodt::CommandLine& line) {
-    kivodt::RunOptions options{.keep = line.keep};
+    kivodt::RunOptions options{.keep = line.keep, .aloneFor = line.threads ? 0 : kivodt::DEFAULT_ALONE_BYTES};
     kivodt::CsvOptions csv;
     std::vector<kivodt::ColumnChoice> columns;
     kivoconvert::Conversion conversion;

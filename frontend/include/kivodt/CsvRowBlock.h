@@ -38,6 +38,7 @@ public:
     void add(const CsvRecord& record, RowTreatment treatment, std::span<const std::size_t> columns);
     bool full() const noexcept { return rows_.size() >= maxRows_ || bytes_.size() >= MAX_BYTES; }
     std::size_t rowCount() const noexcept { return rows_.size(); }
+    std::size_t bytes() const noexcept { return bytes_.size(); }
     Row row(std::size_t i) const;
     std::span<const Field> fields() const noexcept { return fields_; }
     // The chosen fields' texts, in row and column order: the array to convert.

@@ -26,7 +26,14 @@ struct RunOptions {
     bool keep = false;  // a text that cannot be used is written as it came
     int threads = 1;    // the most threads that convert one block; the output is the same for any count
     std::size_t elementsPerRun = kivoconvert::Fanout::ELEMENTS_PER_RUN;  // the fewest a thread is started for
+    // The input converted on the calling thread alone before extra threads start: starting them pays
+    // only on an input that runs long enough. 0: from the first block.
+    std::size_t aloneFor = 0;
 };
+
+// What the default thread count converts alone: a few blocks, so that a small input is never slower
+// than on one thread and a large one soon runs on all.
+inline constexpr std::size_t DEFAULT_ALONE_BYTES = std::size_t{8} << 20;
 
 // `format` takes numbers; a user who gives it dates meant convert or informat. The first text of a run
 // that a free-form informat would read as a date, time or datetime gets a pointer to them at the end of
