@@ -70,11 +70,13 @@ void CsvRecords::beginRecord() {
 // Takes the bytes of data that belong to the record being read, up to and including the newline that
 // ends it (ended is then true). Positions are counted from the record's start.
 std::size_t CsvRecords::scan(const char* data, std::size_t size, bool& ended) {
-    for (std::size_t i = 0; i < size; ++i) {
+    std::size_t i = 0;
+    // The mark is looked for before the loop, which then tests nothing more per byte than its state.
+    while (markMatched_ < BYTE_ORDER_MARK.size() && i < size && skipsByteOrderMark(data[i])) {
+        ++i;
+    }
+    for (; i < size; ++i) {
         const char c = data[i];
-        if (markMatched_ < BYTE_ORDER_MARK.size() && skipsByteOrderMark(c)) {
-            continue;
-        }
         switch (state_) {
             case State::QUOTED:
                 if (c == '"') {
