@@ -117,16 +117,26 @@ inline std::size_t Conversion::writeOutput(double value, Note note, char* output
     return width;
 }
 
+inline Note Conversion::convertInline(std::string_view text, char* output, std::size_t& length,
+                                      std::string& decoded) const {
+    double value = kivo::lum_numeric::MISSING;
+    const Note note = readText(text, value, decoded);
+    length = writeOutput(handedOver(value), note, output);
+    return note;
+}
+
+Note Conversion::convertText(std::string_view text, char* output, std::size_t& length, std::string& decoded) const {
+    return convertInline(text, output, length, decoded);
+}
+
 void Conversion::convert(std::span<const std::string_view> texts, ConvertedBlock& out, const Fanout& fanout) const {
     out.resize(texts.size(), outputSize());
     fanout.run(texts.size(), [&](std::size_t begin, std::size_t end) {
         std::string decoded;
         for (std::size_t i = begin; i < end; ++i) {
-            double value = kivo::lum_numeric::MISSING;
-            const Note note = readText(texts[i], value, decoded);
-            out.notes_[i] = note;
-            out.lengths_[i] =
-                static_cast<unsigned char>(writeOutput(handedOver(value), note, out.slots_.data() + i * out.slotSize_));
+            std::size_t length = 0;
+            out.notes_[i] = convertInline(texts[i], out.slots_.data() + i * out.slotSize_, length, decoded);
+            out.lengths_[i] = static_cast<unsigned char>(length);
         }
     });
 }

@@ -13,37 +13,29 @@ namespace {
 using kivoconvert::Conversion;
 using kivoconvert::Note;
 
-// A run's output: lines appended with their room made once per batch, so that a line of the conversion's
-// costs one copy of a fixed size and a newline.
+// A run's output: lines appended where the conversion writes them, so that a line costs its output and
+// a newline.
 class LineBuffer {
 public:
     void clear() noexcept { size_ = 0; }
     std::string_view bytes() const noexcept { return {bytes_.data(), size_}; }
-    // Room for `lines` more lines of at most `longest` bytes each, and the slack of a fixed-size copy.
-    void makeRoom(std::size_t lines, std::size_t longest) {
-        const std::size_t needed = size_ + lines * (longest + 1) + kivoconvert::ConvertedBlock::SLOT_SLACK;
+    // Room for a line of up to `longest` bytes, where the next line goes.
+    char* room(std::size_t longest) {
+        const std::size_t needed = size_ + longest + 1;
         if (needed > bytes_.size()) {
             bytes_.resize(std::max(needed, 2 * bytes_.size()));
         }
+        return bytes_.data() + size_;
     }
-    // An output of the conversion, whose slot may be read SLOT_SLACK bytes on.
-    void output(std::string_view output) noexcept {
-        constexpr std::size_t MOVE = kivoconvert::ConvertedBlock::SLOT_SLACK;
-        // The fixed size is a constant apart, so that it compiles to a few moves rather than a string copy.
-        if (output.size() <= MOVE) {
-            std::memcpy(bytes_.data() + size_, output.data(), MOVE);
-        } else {
-            std::memcpy(bytes_.data() + size_, output.data(), output.size());
-        }
-        bytes_[size_ + output.size()] = '\n';
-        size_ += output.size() + 1;
+    // Ends the line of `length` bytes written into room().
+    void commit(std::size_t length) noexcept {
+        bytes_[size_ + length] = '\n';
+        size_ += length + 1;
     }
     // Any text, a line of its own.
     void text(std::string_view text) {
-        makeRoom(1, text.size());
-        std::memcpy(bytes_.data() + size_, text.data(), text.size());
-        bytes_[size_ + text.size()] = '\n';
-        size_ += text.size() + 1;
+        std::memcpy(room(text.size()), text.data(), text.size());
+        commit(text.size());
     }
 
 private:
@@ -61,8 +53,6 @@ struct LineRun {
     std::string messages;
     std::size_t hintAt = std::string::npos;  // where in messages the pointer to convert may go
     int status = EXIT_OK;
-    std::vector<std::string_view> batch;
-    kivoconvert::ConvertedBlock converted;
 };
 
 // "kivodt: line 3: WHAT: TEXT", without its newline: a pointer may still follow it.
@@ -71,9 +61,6 @@ void appendMessage(std::string& messages, const char* place, std::size_t number,
     messages.append("kivodt: ").append(place).append(" ").append(std::to_string(number)).append(": ");
     messages.append(what).append(": ").append(text);
 }
-
-// The texts a run converts at once: enough that a call's cost vanishes, few enough to stay in cache.
-constexpr std::size_t BATCH = 4096;
 
 // The work of a run: each text through the conversion, a line out for it and a message if it is named.
 class RunConverter {
@@ -87,18 +74,13 @@ public:
         run.hintAt = std::string::npos;
         run.status = EXIT_OK;
         std::size_t number = run.firstNumber;
-        const auto each = [&](std::string_view text) {
-            run.batch.push_back(text);
-            if (run.batch.size() == BATCH) {
-                flush(run, number);
-            }
-        };
+        std::string decoded;
+        const auto each = [&](std::string_view text) { convertLine(run, number++, text, decoded); };
         if (run.texts.empty()) {
             forEachLine(run.lines, each);
         } else {
             std::for_each(run.texts.begin(), run.texts.end(), each);
         }
-        flush(run, number);
     }
 
 private:
@@ -107,23 +89,16 @@ private:
         run.status = EXIT_BAD_INPUT;
     }
 
-    void flush(LineRun& run, std::size_t& number) const {
-        conversion_.convert(run.batch, run.converted, kivoconvert::Fanout(1));
-        run.out.makeRoom(run.batch.size(), conversion_.outputSize());
-        for (std::size_t i = 0; i < run.batch.size(); ++i, ++number) {
-            write(run, number, run.batch[i], run.converted.note(i), run.converted.output(i));
-        }
-        run.batch.clear();
-    }
-
-    void write(LineRun& run, std::size_t number, std::string_view text, Note note, std::string_view output) const {
+    void convertLine(LineRun& run, std::size_t number, std::string_view text, std::string& decoded) const {
         if (text.size() > maxLine_) {  // a line the reader held whole, or an argument
             name(run, number, kivoconvert::tooLongText(maxLine_), kivoconvert::quotedStart(shownStart(text, maxLine_)));
             run.messages += '\n';
             return;
         }
+        std::size_t length = 0;
+        const Note note = conversion_.convertText(text, run.out.room(conversion_.outputSize()), length, decoded);
         if (note == Note::NONE) {
-            run.out.output(output);
+            run.out.commit(length);
             return;
         }
         if (kivoconvert::isNamed(note)) {
@@ -136,7 +111,7 @@ private:
         if (note == Note::LEFT_OUT || (options_.keep && !kivoconvert::keepsValue(note))) {
             run.out.text(text);
         } else {
-            run.out.output(output);
+            run.out.commit(length);
         }
     }
 

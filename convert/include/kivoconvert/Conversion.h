@@ -52,6 +52,10 @@ public:
     // Every text of a block through all the steps, spread over the fan-out's runs.
     void convert(std::span<const std::string_view> texts, ConvertedBlock& out, const Fanout& fanout) const;
 
+    // One text through all the steps, its output at `output` (outputSize() bytes of room), its length in
+    // `length`: for a front end that writes each output where it goes. `decoded` is room for hex input.
+    Note convertText(std::string_view text, char* output, std::size_t& length, std::string& decoded) const;
+
     // Steps 1 to 4 alone, for front ends that keep values: each text's value (the missing value where
     // it gave none) and note.
     void read(std::span<const std::string_view> texts, std::span<double> values, std::span<Note> notes,
@@ -70,6 +74,7 @@ public:
     const ResolvedSpec<FormatEntry>& format() const noexcept { return format_; }
 
 private:
+    Note convertInline(std::string_view text, char* output, std::size_t& length, std::string& decoded) const;
     Note readText(std::string_view text, double& value, std::string& decoded) const;
     Note readField(std::string_view text, double& value) const;
     Note freeFormNote(std::string_view field, double result) const;
