@@ -3,7 +3,6 @@
 #include <climits>
 #include <cstring>
 
-#include "kivo/AnydtInformats.h"
 #include "kivoconvert/Values.h"
 #include "kivox/Missing.h"
 
@@ -17,24 +16,6 @@ constexpr std::string_view INVALID = "invalid";
 
 // A text whose length an informat's int cannot hold.
 constexpr std::size_t LONGEST_TEXT = INT_MAX;
-
-std::string joined(std::initializer_list<std::string_view> pieces) {
-    std::string text;
-    for (const std::string_view piece : pieces) {
-        text.append(piece);
-    }
-    return text;
-}
-
-// What the free-form reader found in a field: a 0 from ANYDTDTE or ANYDTTME is a real day or time only
-// when the kind found was the informat's own.
-kivo::AnydtType freeFormType(std::string_view field) {
-    double value = 0;
-    kivo::AnydtType type = kivo::ANYDT_DATETIME;
-    const int width = static_cast<int>(field.size());
-    kivo::anydtInformats(field.data(), width, width, 0, value, type);
-    return type;
-}
 
 }  // namespace
 
@@ -217,12 +198,16 @@ Note Conversion::freeFormNote(std::string_view field, double result) const {
     if (result != 0) {
         return Note::NONE;
     }
+    // A 0 from ANYDTDTE or ANYDTTME is a real day or time only when the kind found was the informat's own.
     const ValueKind kind = informat_.entry->kind;
+    kivo::AnydtType type = kivo::ANYDT_DATETIME;
+    if ((kind != ValueKind::DAY && kind != ValueKind::TIME) || !freeFormType(field, type)) {
+        return Note::NONE;
+    }
     if (kind == ValueKind::DAY) {
-        const kivo::AnydtType type = freeFormType(field);
         return type == kivo::ANYDT_TIME || type == kivo::ANYDT_MISSING ? Note::DAY_ZERO : Note::NONE;
     }
-    return kind == ValueKind::TIME && freeFormType(field) == kivo::ANYDT_DATE ? Note::TIME_ZERO : Note::NONE;
+    return type == kivo::ANYDT_DATE ? Note::TIME_ZERO : Note::NONE;
 }
 
 void ConvertedBlock::resize(std::size_t count, std::size_t slotSize) {

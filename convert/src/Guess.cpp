@@ -6,7 +6,6 @@
 #include <cstring>
 #include <tuple>
 
-#include "kivo/AnydtInformats.h"
 #include "kivoconvert/Values.h"
 #include "kivox/Services.h"
 
@@ -254,10 +253,8 @@ void ColumnGuesser::weigh(std::span<const std::string_view> texts, std::span<con
         keepExample(evidence.firstOf[static_cast<int>(order)], positions[i], texts[i]);
         evidence.longest = std::max(evidence.longest, texts[i].size());
         evidence.twoDigitYears += std::bit_cast<std::uint64_t>(here[i]) != std::bit_cast<std::uint64_t>(shifted[i]);
-        double value = 0;
         kivo::AnydtType type = kivo::ANYDT_MISSING;
-        const int width = static_cast<int>(std::min<std::size_t>(texts[i].size(), MAX_FIELD));
-        if (kivo::anydtInformats(texts[i].data(), width, width, 0, value, type)) {
+        if (freeFormType(texts[i].substr(0, MAX_FIELD), type)) {
             kinds_[i] = type;
             evidence.dates += type == kivo::ANYDT_DATE;
             evidence.datetimes += type == kivo::ANYDT_DATETIME;

@@ -49,6 +49,14 @@ std::string quotedStart(std::string_view start) {
     return quoted;
 }
 
+std::string joined(std::initializer_list<std::string_view> pieces) {
+    std::string text;
+    for (const std::string_view piece : pieces) {
+        text.append(piece);
+    }
+    return text;
+}
+
 std::string tooLongText(std::size_t limit) { return "longer than " + std::to_string(limit) + " bytes"; }
 
 }  // namespace kivoconvert

@@ -46,18 +46,9 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     return row[b.size()];
 }
 
-// Joins pieces of a message. (Chains of std::string operator+ trip a false -Wrestrict in GCC 12 at -O3.)
-std::string join(std::initializer_list<std::string_view> pieces) {
-    std::string text;
-    for (std::string_view piece : pieces) {
-        text.append(piece);
-    }
-    return text;
-}
-
 std::string displayName(std::string_view name) { return name.empty() ? std::string("w.d") : std::string(name); }
 
-std::string rangeText(int low, int high) { return join({std::to_string(low), "-", std::to_string(high)}); }
+std::string rangeText(int low, int high) { return joined({std::to_string(low), "-", std::to_string(high)}); }
 
 // A spec's messages show it as it was typed: "DATE9.2", never a form the user did not write.
 template <class Entry>
@@ -70,14 +61,14 @@ bool checkLimits(const Entry& entry, ResolvedSpec<Entry>& resolved, const SpecTe
     resolved.width = spec.hasWidth ? spec.width : limits.defaultWidth;
     resolved.decimals = spec.decimals;
     if (resolved.width < limits.minWidth || resolved.width > limits.maxWidth) {
-        error = join({quotedForMessage(text), ": width ", std::to_string(resolved.width), " is outside the range of ",
+        error = joined({quotedForMessage(text), ": width ", std::to_string(resolved.width), " is outside the range of ",
                       name, ": widths ", rangeText(limits.minWidth, limits.maxWidth), " (default ",
                       std::to_string(limits.defaultWidth), ")"});
         return false;
     }
     const int largest = maxDecimals(limits, resolved.width);
     if (resolved.decimals < 0 || resolved.decimals > largest) {
-        error = join({quotedForMessage(text), ": decimals ", std::to_string(resolved.decimals),
+        error = joined({quotedForMessage(text), ": decimals ", std::to_string(resolved.decimals),
                       " are outside the range of ", name, " at width ", std::to_string(resolved.width), ": decimals ",
                       rangeText(0, largest)});
         return false;
@@ -99,7 +90,7 @@ bool resolve(std::string_view text, std::span<const Entry> catalog, const char* 
         }
         names.push_back(entry.name);
     }
-    error = join({"unknown ", kind, " ", quotedForMessage(text), didYouMean(names, spec.name)});
+    error = joined({"unknown ", kind, " ", quotedForMessage(text), didYouMean(names, spec.name)});
     return false;
 }
 
@@ -131,7 +122,7 @@ bool parseSpecText(std::string_view text, SpecText& spec, std::string& error) {
     if (pos < text.size() && isDigit(text[pos])) {
         spec.hasWidth = readNumber(text, pos, spec.width);
         if (!spec.hasWidth) {
-            error = join({"width too large in ", quotedForMessage(text)});
+            error = joined({"width too large in ", quotedForMessage(text)});
             return false;
         }
     }
@@ -140,13 +131,13 @@ bool parseSpecText(std::string_view text, SpecText& spec, std::string& error) {
         if (pos < text.size()) {
             spec.hasDecimals = readNumber(text, pos, spec.decimals);
             if (!spec.hasDecimals) {
-                error = join({"bad decimals in ", quotedForMessage(text)});
+                error = joined({"bad decimals in ", quotedForMessage(text)});
                 return false;
             }
         }
     }
     if (pos != text.size() || (spec.name.empty() && !spec.hasWidth)) {
-        error = join({quotedForMessage(text), " is not a format spec (NAMEw.d, e.g. DATE9.)"});
+        error = joined({quotedForMessage(text), " is not a format spec (NAMEw.d, e.g. DATE9.)"});
         return false;
     }
     return true;

@@ -147,6 +147,12 @@ bool isMissingNotation(std::string_view text) noexcept {
     return kivo::findNumericMissing(body.data(), body.data() + body.size(), ignored);
 }
 
+bool freeFormType(std::string_view text, kivo::AnydtType& type) noexcept {
+    double value = 0;
+    const int width = static_cast<int>(text.size());
+    return kivo::anydtInformats(text.data(), width, width, 0, value, type);
+}
+
 char missingCode(double value) noexcept {
     if (isMissingValue(value)) {
         return kivo::lum_numeric::missingChar(value);

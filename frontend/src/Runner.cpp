@@ -5,9 +5,9 @@
 #include <cstring>
 #include <string>
 
-#include "kivo/AnydtInformats.h"
 #include "kivoconvert/Catalog.h"
 #include "kivoconvert/Notes.h"
+#include "kivoconvert/Values.h"
 
 namespace kivodt {
 
@@ -27,10 +27,8 @@ bool DateTextHint::fits(const Conversion& conversion, Note note, std::string_vie
     if (note != Note::NOT_A_VALUE || conversion.informat().entry != nullptr) {
         return false;
     }
-    double value = 0;
     kivo::AnydtType type = kivo::ANYDT_MISSING;
-    const int width = static_cast<int>(std::min<std::size_t>(text.size(), kivoconvert::MAX_FIELD));
-    return kivo::anydtInformats(text.data(), width, width, 0, value, type) && type != kivo::ANYDT_MISSING;
+    return kivoconvert::freeFormType(text.substr(0, kivoconvert::MAX_FIELD), type) && type != kivo::ANYDT_MISSING;
 }
 
 std::string DateTextHint::text(const Conversion& conversion) {

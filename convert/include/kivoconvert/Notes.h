@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -45,6 +46,10 @@ std::string escapedForMessage(std::string_view text);
 // The same for a text of which only the first bytes are at hand (a line streamed past): "<first 60
 // bytes>"... with no length.
 std::string quotedStart(std::string_view start);
+
+// The pieces of a message end to end. (Chains of std::string operator+ trip a false -Wrestrict in GCC 12
+// at -O3.)
+std::string joined(std::initializer_list<std::string_view> pieces);
 
 // A line or argument over the limit, in the words of every front end: "longer than 1048576 bytes".
 std::string tooLongText(std::size_t limit);

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "kivo/AnydtInformats.h"
+
 namespace kivoconvert {
 
 // A value as a user writes it: a decimal number ("22356", "-0.5", "1e9"; "inf" and "nan" too, to show
@@ -28,6 +30,10 @@ bool isBlankText(std::string_view text) noexcept;
 
 // True when the text, without the blanks around it, is a missing-value notation (".", "._", ".A").
 bool isMissingNotation(std::string_view text) noexcept;
+
+// What the free-form reader finds in a whole text: a date, a datetime, a time, or a missing-value
+// notation (ANYDT_MISSING); false when it recognises none of them.
+bool freeFormType(std::string_view text, kivo::AnydtType& type) noexcept;
 
 // The code of a missing value as the host tells it: '.' for the ordinary one, '_' or a letter for a
 // special one (".a" read by an informat gives 'A'). A NaN of no missing pattern (numpy's) counts as
