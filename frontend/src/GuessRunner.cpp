@@ -27,8 +27,8 @@ int runGuess(LineReader& reader, const OutputStreams& streams) {
     std::vector<std::size_t> positions;
     int status = EXIT_OK;
     const auto nameTooLong = [&](std::size_t number, std::string_view start) {
-        std::fprintf(streams.err, "kivodt: %s %zu: %s: %s\n", place, number,
-                     kivoconvert::tooLongText(reader.maxLine()).c_str(), kivoconvert::quotedStart(start).c_str());
+        const std::string message = tooLongMessage(place, number, reader.maxLine(), start);
+        std::fwrite(message.data(), 1, message.size(), streams.err);
         status = EXIT_BAD_INPUT;
     };
     for (LineReader::Next next = reader.next(); next != LineReader::Next::END && next != LineReader::Next::READ_FAILED;
@@ -42,7 +42,7 @@ int runGuess(LineReader& reader, const OutputStreams& streams) {
         std::size_t number = reader.firstNumber();
         const auto keep = [&](std::string_view text) {
             if (text.size() > reader.maxLine()) {
-                nameTooLong(number, shownStart(text, reader.maxLine()));
+                nameTooLong(number, text);
             } else {
                 texts.push_back(text);
                 positions.push_back(number);

@@ -55,13 +55,6 @@ struct LineRun {
     int status = EXIT_OK;
 };
 
-// "kivodt: line 3: WHAT: TEXT", without its newline: a pointer may still follow it.
-void appendMessage(std::string& messages, const char* place, std::size_t number, std::string_view what,
-                   const std::string& text) {
-    messages.append("kivodt: ").append(place).append(" ").append(std::to_string(number)).append(": ");
-    messages.append(what).append(": ").append(text);
-}
-
 // The work of a run: each text through the conversion, a line out for it and a message if it is named.
 class RunConverter {
 public:
@@ -91,8 +84,8 @@ private:
 
     void convertLine(LineRun& run, std::size_t number, std::string_view text, std::string& decoded) const {
         if (text.size() > maxLine_) {  // a line the reader held whole, or an argument
-            name(run, number, kivoconvert::tooLongText(maxLine_), kivoconvert::quotedStart(shownStart(text, maxLine_)));
-            run.messages += '\n';
+            run.messages += tooLongMessage(place_, number, maxLine_, text);
+            run.status = EXIT_BAD_INPUT;
             return;
         }
         std::size_t length = 0;
@@ -164,9 +157,8 @@ int runLines(const Conversion& conversion, LineReader& reader, const RunOptions&
             runs[0].texts = reader.texts();
             runs[0].firstNumber = reader.firstNumber();
         } else if (next == LineReader::Next::TOO_LONG) {
-            std::string message;
-            appendMessage(message, place, reader.tooLongNumber(), kivoconvert::tooLongText(reader.maxLine()),
-                          kivoconvert::quotedStart(reader.tooLongStart()) + "\n");
+            const std::string message =
+                tooLongMessage(place, reader.tooLongNumber(), reader.maxLine(), reader.tooLongStart());
             std::fwrite(message.data(), 1, message.size(), streams.err);
             status = EXIT_BAD_INPUT;
             continue;

@@ -45,6 +45,19 @@ std::string DateTextHint::after(const Conversion& conversion, Note note, std::st
     return DateTextHint::text(conversion);
 }
 
+void appendMessage(std::string& messages, const char* place, std::size_t number, std::string_view what,
+                   std::string_view text) {
+    messages.append("kivodt: ").append(place).append(" ").append(std::to_string(number)).append(": ");
+    messages.append(what).append(": ").append(text);
+}
+
+std::string tooLongMessage(const char* place, std::size_t number, std::size_t maxLine, std::string_view start) {
+    std::string message;
+    appendMessage(message, place, number, kivoconvert::tooLongText(maxLine),
+                  kivoconvert::quotedStart(shownStart(start, maxLine)));
+    return message + "\n";
+}
+
 int endOfRun(BufferedOutput& out, int readError, int status, std::FILE* err) {
     if (!out.flush()) {
         return reportStreamFailure(err, "cannot write standard output:", out.error());

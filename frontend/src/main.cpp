@@ -177,11 +177,8 @@ int runCommandLine(int argc, char** argv) {
     }
     // Checked before any input is read, like the options: a bad variable would otherwise surface only
     // when a call first reads its option, in the middle of the output.
-    if (!kivodt::checkEnvironment(kivo::rejectedEnvironment(), error)) {
-        std::fprintf(stderr, "kivodt: %s\n", error.c_str());
-        return kivodt::EXIT_USAGE;
-    }
-    if (!kivodt::applySettings(line, kivo::getFallbackServiceCreator(), error)) {
+    if (!kivodt::checkEnvironment(kivo::rejectedEnvironment(), error) ||
+        !kivodt::applySettings(line, kivo::getFallbackServiceCreator(), error)) {
         return usageError(error);
     }
     if (line.commandBit == kivodt::LIST) {

@@ -52,6 +52,14 @@ private:
     bool given_ = false;
 };
 
+// "kivodt: line 3: WHAT: TEXT", appended without its newline: a pointer may still follow it.
+void appendMessage(std::string& messages, const char* place, std::size_t number, std::string_view what,
+                   std::string_view text);
+
+// The message, with its newline, of a line or argument over the reader's limit, of which `start` (its
+// first bytes, or all of it) is at hand: the same words whoever meets it.
+std::string tooLongMessage(const char* place, std::size_t number, std::size_t maxLine, std::string_view start);
+
 // One output line per text of the reader's blocks, each block's lines cut into runs that convert and
 // write on up to options.threads threads, joined in input order: the conversion's output; for a left-out (empty or
 // blank) text, the text as it came; for a text that cannot be used, the conversion's stand-in (with
