@@ -46,8 +46,6 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     return row[b.size()];
 }
 
-std::string displayName(std::string_view name) { return name.empty() ? std::string("w.d") : std::string(name); }
-
 std::string rangeText(int low, int high) { return joined({std::to_string(low), "-", std::to_string(high)}); }
 
 // A spec's messages show it as it was typed: "DATE9.2", never a form the user did not write.
@@ -55,7 +53,7 @@ template <class Entry>
 bool checkLimits(const Entry& entry, ResolvedSpec<Entry>& resolved, const SpecText& spec, std::string_view text,
                  std::string& error) {
     const Limits& limits = entry.limits;
-    const std::string name = displayName(entry.name);
+    const std::string_view name = shownName(entry.name);
     resolved.entry = &entry;
     resolved.widthGiven = spec.hasWidth;
     resolved.width = spec.hasWidth ? spec.width : limits.defaultWidth;

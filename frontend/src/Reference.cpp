@@ -57,8 +57,6 @@ const char* shownWith(ValueKind kind) {
     return SPECS[static_cast<int>(kind)];
 }
 
-std::string displayName(std::string_view name) { return name.empty() ? "w.d" : std::string(name); }
-
 // A catalog line as a sentence: "day, month and year" becomes "Day, month and year."
 std::string sentence(std::string_view line) {
     std::string text(line);
@@ -115,7 +113,7 @@ std::string field(const FormatEntry& entry, int width, double value) {
 
 void printFormat(std::FILE* out, const FormatEntry& entry) {
     const Limits& limits = entry.limits;
-    const std::string name = displayName(entry.name);
+    const std::string name(kivoconvert::shownName(entry.name));
     const std::set<int> widths = {limits.minWidth, limits.defaultWidth, limits.maxWidth};
     std::fprintf(out, "### %s\n\n%s%s\n\n%s\n\n| value |", name.c_str(), sentence(entry.description).c_str(),
                  entry.writesBytes ? " Shown here as hex pairs (`--hex`)." : "",
@@ -146,6 +144,10 @@ bool printInformat(std::FILE* out, const InformatEntry& entry, std::string& erro
     std::fprintf(out, "%s\n|---|---|%s", shown != nullptr ? (std::string(" as `") + shown + "` |").c_str() : "",
                  shown != nullptr ? "---|" : "");
     const Conversion reading = Conversion::reading({&entry, limits.defaultWidth, 0, false}, {.input = hex});
+    kivoconvert::ResolvedSpec<FormatEntry> format;
+    if (shown != nullptr) {
+        kivoconvert::resolveFormat(shown, format, error);
+    }
     std::string_view texts = entry.examples;
     while (!texts.empty()) {
         const std::string_view text = texts.substr(0, texts.find('|'));
@@ -158,8 +160,6 @@ bool printInformat(std::FILE* out, const InformatEntry& entry, std::string& erro
         }
         std::fprintf(out, "\n| `%.*s` | %s |", static_cast<int>(text.size()), text.data(), value.c_str());
         if (shown != nullptr) {
-            kivoconvert::ResolvedSpec<FormatEntry> format;
-            kivoconvert::resolveFormat(shown, format, error);
             std::fprintf(out, " %s |",
                          cell(throughConversion(Conversion::formatting(format, {}), value).first).c_str());
         }

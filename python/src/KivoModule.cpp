@@ -321,7 +321,7 @@ py::list catalog() {
         const kivoconvert::Limits& limits = entry.limits;
         py::dict row;
         row["kind"] = kind;
-        row["name"] = entry.name.empty() ? std::string("w.d") : std::string(entry.name);
+        row["name"] = std::string(kivoconvert::shownName(entry.name));
         row["min_width"] = limits.minWidth;
         row["max_width"] = limits.maxWidth;
         row["default_width"] = limits.defaultWidth;

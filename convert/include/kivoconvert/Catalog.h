@@ -62,6 +62,9 @@ struct InformatEntry {
 std::span<const FormatEntry> formatCatalog();
 std::span<const InformatEntry> informatCatalog();
 
+// An entry's name as messages and lists show it: "w.d" for the plain numeric layout, which has none.
+constexpr std::string_view shownName(std::string_view name) noexcept { return name.empty() ? "w.d" : name; }
+
 // Case-insensitive look-up by name; nullptr when there is none.
 const FormatEntry* findFormat(std::string_view name);
 const InformatEntry* findInformat(std::string_view name);
