@@ -72,12 +72,10 @@ void printCatalog(std::FILE* out) {
     using kivoconvert::Limits;
     const auto row = [out](const char* kind, std::string_view entryName, const Limits& limits) {
         const std::string_view name = kivoconvert::shownName(entryName);
-        const bool belowWidth = limits.decimals == kivoconvert::Decimals::MISSING_POSITION ||
-                                limits.decimals == kivoconvert::Decimals::LAYOUT;
         std::fprintf(out, "%-9s %-10.*s widths %2d-%-3d default %2d  decimals 0-%d%s\n", kind,
                      static_cast<int>(name.size()), name.data(),
                      limits.minWidth, limits.maxWidth, limits.defaultWidth,
-                     kivoconvert::maxDecimals(limits, kivoconvert::MAX_FIELD), belowWidth ? " (below the width)" : "");
+                     kivoconvert::maxDecimals(limits, kivoconvert::MAX_FIELD), kivoconvert::decimalsBelowWidth(limits) ? " (below the width)" : "");
     };
     for (const kivoconvert::FormatEntry& entry : kivoconvert::formatCatalog()) {
         row("format", entry.name, entry.limits);

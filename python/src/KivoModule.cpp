@@ -326,8 +326,7 @@ py::list catalog() {
         row["max_width"] = limits.maxWidth;
         row["default_width"] = limits.defaultWidth;
         row["max_decimals"] = kivoconvert::maxDecimals(limits, kivoconvert::MAX_FIELD);
-        row["decimals_below_width"] = limits.decimals == kivoconvert::Decimals::MISSING_POSITION ||
-                                      limits.decimals == kivoconvert::Decimals::LAYOUT;
+        row["decimals_below_width"] = kivoconvert::decimalsBelowWidth(limits);
         row["value_kind"] = packageKindName(entry.kind);
         rows.append(row);
     };

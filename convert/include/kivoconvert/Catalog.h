@@ -16,6 +16,12 @@ using Decimals = limits::Decimals;
 using Limits = limits::Limits;
 using limits::maxDecimals;
 
+// Whether an entry's decimals count places below its width (the digits after a point, or where a missing
+// character moves), rather than standing apart from it.
+constexpr bool decimalsBelowWidth(const Limits& limits) noexcept {
+    return limits.decimals == Decimals::MISSING_POSITION || limits.decimals == Decimals::LAYOUT;
+}
+
 // The widest field the engine offers: the widest any layout plans for.
 inline constexpr int MAX_FIELD = limits::WIDEST_FIELD;
 
